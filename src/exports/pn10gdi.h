@@ -1,0 +1,909 @@
+/**
+ * pn10gdi: model and graphics engine of a gas pipe network application.
+ *
+ * The one header of the library. Plain C; every function is a flat export, every record a plain struct
+ * in natural alignment. It reads in the order in which a host calls: records, option records, start,
+ * load, fields, search, draw, edit, save, release.
+ *
+ * One model per process, one thread. Record numbers start at 1; 0 means no record. Colours are
+ * 0x00BBGGRR. Texts are bytes of code page 1252, NUL-terminated.
+ */
+#ifndef PN10GDI_H
+#define PN10GDI_H
+
+#include <stdint.h>
+
+#ifdef _WIN32
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+#ifdef PN10_BUILD
+#define PN10_EXPORT __declspec(dllexport)
+#else
+#define PN10_EXPORT __declspec(dllimport)
+#endif
+#ifdef _WIN64
+#define PN10_CALL
+#else
+#define PN10_CALL __stdcall
+#endif
+#else
+#define PN10_EXPORT __attribute__((visibility("default")))
+#define PN10_CALL
+/** Opaque handles of the portable platform; pn10platform.h makes them. */
+typedef struct PnDeviceContext* HDC;
+typedef struct PnWindow* HWND;
+typedef struct PnBitmap* HBITMAP;
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* ------------------------------------------------------------------------------------------------
+ * Records of the model
+ *
+ * GetNdtAddress and its kin give the address of slot 0 of a table, so order and widths are fixed.
+ * ---------------------------------------------------------------------------------------------- */
+/** Node record. */
+typedef struct Ndt {
+  int32_t ID;            /* node id, stable across saves */
+  char NODENAME[41];     /* node name */
+  float PRESSURE;        /* pressure, in P_UNITS; below 0 = not given */
+  uint8_t P_KNOWN;       /* 0 = pressure known, nonzero = not known */
+  char P_UNITS[11];      /* pressure units text */
+  float P_FACTOR;        /* factor from P_UNITS to the base pressure unit */
+  float QB_LOAD;         /* base load in Q_UNITS */
+  int16_t QB_KNOWN;      /* 0 = base load known */
+  int16_t QB_DF;         /* nonzero = diversity factor applies to the base load */
+  int16_t QB_STATUS;     /* 0 = base load on, nonzero = off */
+  char Q_UNITS[11];      /* load units text */
+  float Q_FACTOR;        /* factor from Q_UNITS to the base flow unit */
+  float QX_LOAD;         /* external load */
+  uint8_t QX_DF;         /* nonzero = diversity factor applies to the external load */
+  uint8_t QX_STATUS;     /* 0 = external load on, nonzero = off */
+  float QX_FIXED;        /* fixed external load */
+  float ELEV;            /* elevation */
+  float PATM;            /* atmospheric pressure */
+  float T;               /* temperature */
+  uint8_t T_KNOWN;       /* 0 = known, 1 = not known */
+  float VISCOSITY;       /* gas viscosity */
+  float SG;              /* specific gravity; negative = gas properties not known */
+  float SH_RATIO;        /* specific heat ratio */
+  float HV;              /* heating value */
+  double X_COORD;        /* map X */
+  double Y_COORD;        /* map Y */
+  float Z_COORD;         /* map Z */
+  double TEXT_X;         /* label anchor X; 0 with TEXT_Y 0 = automatic */
+  double TEXT_Y;         /* label anchor Y */
+  float TEXT_ANGLE;      /* label angle, radians; negative = global default */
+  int16_t LABEL_ON;      /* nonzero = this node draws its label */
+  double RESERVED_D;     /* carried through the file, no accessor */
+  int32_t COLOR;         /* node colour; negative = default */
+  float SYM_SIZE;        /* symbol size: 0 default, positive length, negative percent */
+  int16_t SYMBOL;        /* symbol number; 0 default, negative = hollow */
+  uint8_t HAS_RDX;       /* nonzero = its Rdx row is written at save */
+  uint8_t HOST_BYTE_348; /* stored and returned */
+  uint8_t HOST_BYTE_346; /* stored and returned */
+  int16_t FLAG_TYPE;     /* flag marker: 0 none, +-1, +-2, 3, +-4 */
+  int16_t REC_STATUS;    /* -1 = deleted; positive = setters stamp REC_DATE */
+  char REC_DATE[9];      /* date of last change, YYYYMMDD */
+  uint8_t HYD_STATUS;    /* 0 = on, nonzero = off */
+  uint8_t HYD_TYPE;      /* 0 connection, 1 valve, 2 further valve-like kind */
+  uint8_t HOST_BYTE_385; /* stored and returned */
+  float CMP_VALUE;       /* measured comparison value */
+  uint8_t CMP_MODE;      /* 0 none, 1 against PRESSURE, 2 against QB_LOAD */
+} Ndt;
+
+/** Pipe record. */
+typedef struct Pdt {
+  int32_t ID;               /* pipe id, stable across saves */
+  int32_t FROM_NODE;        /* record number of the From node */
+  int32_t TO_NODE;          /* record number of the To node */
+  uint8_t HYD_TYPE;         /* 0 Pipe, 1 Regulator, 2 Compressor, 3 Valve, 4 Well, 5 Fitting */
+  int16_t EQUATION;         /* flow equation code; negative = from facility or model */
+  uint8_t STATUS;           /* 0 = on, nonzero = off */
+  char SIZE_TYPE[21];       /* size and type text, key into the lookup of HYD_TYPE */
+  char DR_UNITS[11];        /* diameter and roughness units text */
+  float D_FACTOR;           /* diameter unit factor, used by magnitude */
+  uint8_t SIZE_FLAG;        /* nonzero on a Pipe = size label ends in "*" */
+  int16_t HOST_SHORT_34;    /* stored and returned */
+  float LENGTH;             /* Pipe: length; Regulator, Compressor: set P; Valve: open; Well: coefficient */
+  char L_UNITS[11];         /* length units text */
+  float L_FACTOR;           /* factor from L_UNITS to the base length unit */
+  float EFFICIENCY;         /* efficiency */
+  float FLOW;               /* flow, positive = From to To */
+  char Q_UNITS[11];         /* flow units text */
+  float Q_FACTOR;           /* factor from Q_UNITS to the base flow unit */
+  float DP;                 /* pressure drop */
+  char DP_UNITS[11];        /* pressure units text of the pipe */
+  float DP_FACTOR;          /* pressure unit factor of the pipe */
+  float Z_FACTOR;           /* compressibility */
+  int16_t FACILITY;         /* facility number */
+  uint8_t FTG_COUNT;        /* number of Fdt records of this pipe */
+  uint8_t CMP_MODE;         /* 0 none, 1 against DP, 2 against FLOW */
+  float FTG_EQ_LENGTH;      /* sum of the equivalent lengths of its fittings */
+  double CMP_VALUE;         /* measured comparison value */
+  int16_t CUST_COUNT;       /* customers counted as attached */
+  double TEXT_X;            /* label anchor X */
+  double TEXT_Y;            /* label anchor Y */
+  float TEXT_ANGLE;         /* label angle */
+  int16_t LABEL_ON;         /* nonzero = this pipe draws its label */
+  double CALC_RESERVED_D;   /* result block, cleared by field 102 */
+  int32_t COLOR;            /* colour override: >= 0 colour, -1 -2 -3 requests */
+  uint8_t VTX_MODE;         /* 0 straight, 1 and 2 one vertex record (arc), 4 vertex run */
+  int16_t LINE_WIDTH;       /* line width code */
+  int16_t LINE_TYPE;        /* line type code */
+  uint8_t HOST_BYTE_58;     /* stored and returned */
+  char LINK_ID[21];         /* external link identifier */
+  uint8_t CALC_RESERVED_B;  /* result block, cleared by field 102 */
+  float CALC_RESERVED_F[7]; /* result block, cleared by field 102 */
+  int32_t VTX_FIRST;        /* first vertex as a file record number */
+  int32_t VTX_LAST;         /* last vertex as a file record number */
+  float ROUGHNESS;          /* roughness used without a lookup row */
+  float VELOCITY;           /* velocity */
+  float REYNOLDSNO;         /* Reynolds number */
+  float MAOP;               /* maximum allowable operating pressure */
+  uint8_t FLAG_BYTE;        /* flag byte, set by FlagPipe */
+  uint8_t HOST_BYTE_154;    /* stored and returned */
+  int16_t REC_STATUS;       /* -1 = deleted; positive = setters stamp REC_DATE */
+  int32_t GROUP_ID;         /* group of this pipe, 0 = none */
+  int16_t GROUP_TYPE;       /* group type */
+  char REC_DATE[9];         /* date of last change, YYYYMMDD */
+} Pdt;
+
+/** Customer record. */
+typedef struct Cdt {
+  int32_t ID;             /* customer id, stable across saves */
+  int32_t PIPE_REC;       /* record number of the pipe it is tapped to, 0 = none */
+  int16_t NODE_ASGN;      /* 0 off, 1 From, 2 To, 3 both, 4 branch, 5 trunk, 11 to 14 diversity classes */
+  float UNIT_LOAD;        /* load of one unit */
+  char LOAD_UNITS[11];    /* load units text */
+  float LOAD_FACTOR;      /* factor from LOAD_UNITS to the base flow unit */
+  double X_COORD;         /* map X (meter) */
+  double Y_COORD;         /* map Y (meter) */
+  float Z_COORD;          /* map Z */
+  int32_t COLOR;          /* customer colour; negative = default */
+  int16_t HOST_SHORT_409; /* stored and returned; symbol size in the picture */
+  int16_t HOST_SHORT_410; /* stored and returned; symbol number in the picture */
+  int16_t HOST_SHORT_437; /* stored and returned */
+  int16_t HOST_SHORT_411; /* stored and returned; label switch in the picture */
+  double TEXT_X;          /* label anchor X */
+  double TEXT_Y;          /* label anchor Y */
+  float TEXT_ANGLE;       /* label angle */
+  double CALC_RESERVED_D; /* carried; cleared by field 449 */
+  double SX_COORD;        /* service tap X on the pipe */
+  double SY_COORD;        /* service tap Y on the pipe */
+  int16_t VTX_MODE;       /* 0 none, 4 vertex run of the service line */
+  int16_t LINK_FLAG;      /* nonzero = linked to another customer */
+  int32_t LINK_CUST;      /* ID of the linked customer */
+  char LINK_ID[41];       /* external link identifier */
+  int16_t HOST_SHORT_425; /* stored and returned */
+  int16_t HOST_SHORT_436; /* stored and returned; cleared by field 449 */
+  int16_t COUNT;          /* number of units */
+  float LOAD_MULT;        /* load multiplier, 0 = load off */
+  int16_t LOAD_DF;        /* nonzero = diversity factor applies */
+  int16_t HOST_SHORT_431; /* stored and returned */
+  uint8_t FLAG_BYTE;      /* customer byte 446, set by FlagCust */
+  uint8_t HOST_BYTE_464;  /* stored and returned */
+  int16_t REC_STATUS;     /* -1 = deleted; positive = setters stamp REC_DATE */
+  char REC_DATE[9];       /* date of last change, YYYYMMDD */
+} Cdt;
+
+/** Vertex record. */
+typedef struct Vtx {
+  int32_t VTX_OWNER;  /* ID of the owning pipe or customer, 0 = killed */
+  int16_t VTX_KIND;   /* 0, 2, 8 pipe; 1, 3, 5, 7 customer service */
+  double VTX_X;       /* X; radius when the vertex describes an arc */
+  double VTX_Y;       /* Y; included angle in radians for an arc */
+  float VTX_Z;        /* Z */
+  uint8_t VTX_HILITE; /* hilite request (HilitVtx), memory only */
+  uint8_t VTX_DRAWN;  /* hilite drawn, memory only */
+} Vtx;
+
+/** Fitting record. */
+typedef struct Fdt {
+  int32_t FTG_PIPE_ID; /* ID of the owning pipe, 0 = empty slot */
+  char FTG_NAME[21];   /* fitting name */
+  int16_t FTG_NUM;     /* host's number */
+  float FTG_EQL;       /* equivalent length */
+  int16_t FTG_FLAG;    /* host's flag */
+} Fdt;
+
+/** Node screen record, in memory only. */
+typedef struct NXY {
+  int32_t Color;        /* colour the node is drawn with, -1 right after InitNXY */
+  int16_t Drawn;        /* -1 or set = to be drawn, 0 = up to date, -2 = out of hit tests */
+  uint8_t HILITE;       /* hilite request (HilitNode) */
+  uint8_t HILITE_DRAWN; /* hilite is on the screen, field 376 */
+  int16_t Report;       /* facility flag */
+  int16_t Aux;          /* facility flag, field 384 */
+  int16_t Active;       /* facility flag */
+  int16_t Display;      /* facility flag */
+} NXY;
+
+/** Pipe screen record, in memory only. */
+typedef struct PXY {
+  int32_t FIRST_VTX;    /* first Vtx record of the run, 0 = none; field 106 */
+  int32_t LAST_VTX;     /* last Vtx record; field 107 */
+  int32_t Color;        /* resolved colour, -1 right after InitPXY; field 127 */
+  int16_t LineWidth;    /* resolved line width code */
+  int16_t LineType;     /* resolved line type code, 6 = not drawn */
+  uint8_t Display;      /* copy of the facility flag; the pipe pass's draw flag */
+  int16_t Report;       /* copy of the facility flag */
+  int16_t Aux;          /* copy of the facility flag */
+  int16_t Active;       /* copy of the facility flag */
+  uint8_t DRAWN;        /* 1 = drawn by the last pipe pass */
+  uint8_t HILITE;       /* hilite request (HilitPipe) */
+  uint8_t HILITE_DRAWN; /* hilite is on the screen, field 128 */
+  float LENGTH;         /* computed length, field 119 */
+  int32_t TraceColor;   /* trace mark (colour + 1), -1 after InitPXY, 0 after SetColorPXY */
+} PXY;
+
+/** Customer screen record, in memory only. */
+typedef struct CXY {
+  int32_t Color;        /* resolved colour, -1 right after InitCXY; field 459 */
+  int32_t FIRST_VTX;    /* first Vtx record of the service line; field 451 */
+  int32_t LAST_VTX;     /* last Vtx record; field 452 */
+  int16_t DRAW;         /* draw flag: nonzero = to be drawn, -2 = out of hit tests */
+  uint8_t HILITE;       /* hilite request (HilitCust) */
+  uint8_t HILITE_DRAWN; /* hilite is on the screen, field 458 */
+  int32_t CHANGE_VTX_A; /* given by SetCXYChange */
+  float CHANGE_FRAC_A;  /* given by SetCXYChange */
+  int32_t CHANGE_VTX_B; /* given by SetCXYChange */
+  float CHANGE_FRAC_B;  /* given by SetCXYChange */
+  int32_t TraceColor;   /* trace mark, -1 after InitCXY, 0 after SetColorCXY */
+} CXY;
+
+/** Header line. */
+typedef struct Hdr {
+  char LINE[257]; /* one header line, 255 characters used; the table is Hdr[201], lines 0 to 200 */
+} Hdr;
+
+/** Reference record of a node. */
+typedef struct Rdx {
+  char KEY_TEXT[41];   /* node name */
+  char LONG_TEXT[257]; /* long text */
+  char SHORT_TEXT[41]; /* short text */
+} Rdx;
+
+/** Facility row. */
+typedef struct Fac {
+  char Name[257];       /* facility name, 40 characters significant */
+  int32_t Idx;          /* facility number that records store */
+  int16_t Display;      /* 0 hides the class */
+  int16_t Aux;          /* carried on/off setting */
+  int16_t Report;       /* 0 leaves the class out of reports */
+  int16_t Active;       /* 0 makes the class unsearchable */
+  int32_t Color;        /* 0x00BBGGRR, -1 none */
+  int16_t LineType;     /* 0 first type, -1 none */
+  int16_t LineWidth;    /* below 1 none */
+  int16_t Equation;     /* default flow equation, negative none */
+  char PressUnits[257]; /* default pressure units, 13 characters significant */
+} Fac;
+
+/** Pipe size row; lengths in inches. */
+typedef struct PLut {
+  char KEY_TEXT[41];    /* size name, the key */
+  float WALL;           /* wall thickness, inches; field 11 */
+  float OUTSIDE_D;      /* outside diameter, inches; field 9 */
+  float INSIDE_D;       /* inside diameter, inches; field 2 */
+  float ROUGHNESS;      /* roughness, inches; field 8 */
+  float EFFICIENCY;     /* efficiency multiplier; field 7 */
+  float FIELD_5;        /* field 5 */
+  float YIELD;          /* yield strength, psi; field 12 */
+  int16_t FIELD_1;      /* field 1 */
+  float UNIT_FACTOR;    /* factor of the file's diameters to inches */
+  char D_UNITS[11];     /* diameter units text */
+  int16_t FIELD_10;     /* field 10 */
+  int16_t FIELD_4;      /* field 4 */
+  char S_UNITS[11];     /* strength units text */
+  int32_t COLOR;        /* colour of the size, -1 none */
+  int16_t LINE_TYPE;    /* line type of the size */
+  int16_t LINE_WIDTH;   /* line width of the size */
+  char TEXT_106[21];    /* text at file offset 106 */
+  char DESCRIPTION[81]; /* description */
+  char REFERENCE[81];   /* reference */
+  char TEXT_286[21];    /* text at file offset 286 */
+  char TEXT_306[21];    /* text at file offset 306 */
+  char TEXT_326[41];    /* text at file offset 326 */
+  char TEXT_366[41];    /* text at file offset 366 */
+  int16_t FIELD_3;      /* field 3 */
+  float FIELD_16;       /* field 16 */
+} PLut;
+
+/** Key index of the pipe sizes. */
+typedef struct PLutIdx {
+  char KEY_TEXT[42]; /* copy of the key, sorted by its first 40 characters */
+  int16_t ROW;       /* PLut row number */
+} PLutIdx;
+
+/** Fitting row. */
+typedef struct FLut {
+  char KEY_TEXT[41];    /* fitting name, the key; field 5 */
+  float EQ_LENGTH;      /* k, equivalent length, feet (0 for type 55); field 12 */
+  float REF_D;          /* d0, reference diameter, inches (psi for type 55); field 11 */
+  float ROUGHNESS;      /* roughness, inches; field 15 */
+  float EFFICIENCY;     /* efficiency multiplier; field 18 */
+  char D_UNITS[11];     /* diameter units, or pressure units for type 55; field 13 */
+  char L_UNITS[11];     /* length units; field 14 */
+  char TEXT_136[21];    /* text at file offset 136; field 9 */
+  int16_t FIELD_6;      /* field 6 */
+  float FIELD_7;        /* field 7 */
+  float FIELD_8;        /* field 8 */
+  int16_t FIELD_10;     /* field 10 */
+  char TEXT_168[21];    /* text at file offset 168; field 17 */
+  char DESCRIPTION[81]; /* description; field 22 */
+  int16_t FTG_TYPE;     /* fitting type; field 19 */
+  int16_t FIELD_20;     /* field 20, device code of its picture */
+  float FIELD_21;       /* field 21 */
+} FLut;
+
+/** Regulator row. */
+typedef struct RLut {
+  int16_t EQUATION;  /* flow equation of the calculation library; field 7 */
+  char KEY_TEXT[41]; /* regulator name, trimmed, the key; field 10 */
+  float C[5];        /* coefficients c0 to c4; c0 is fields 4 and 8 */
+  float SET_VALUE;   /* set pressure, psi; field 5, field 2 in its units */
+  char P_UNITS[11];  /* pressure units text; field 3 */
+  int16_t FIELD_9;   /* field 9 */
+  float FIELD_13;    /* never loaded, 0 */
+  float FIELD_14;    /* file value / 100; field 14 gives it x 100 */
+  char UNITS[11];    /* units text; field 15 */
+} RLut;
+
+/** Valve row. */
+typedef struct VLut {
+  char KEY_TEXT[41]; /* valve name, trimmed, the key; field 3 */
+  int16_t FIELD_7;   /* field 7; 9 = wired bow tie */
+  float DIAMETER;    /* diameter, inches */
+  char D_UNITS[11];  /* diameter units text */
+  float COEF_A;      /* coefficient at file offset 56 */
+  float COEF_B;      /* coefficient at file offset 60, 35.0 when 0 and FIELD_7 is 0 */
+  float FIELD_6;     /* coefficient never loaded, 0; field 6 */
+  int16_t FIELD_2;   /* field 2 */
+} VLut;
+
+/** Well row. */
+typedef struct WLut {
+  char KEY_TEXT[21]; /* well name, first 20 characters, the key; field 5 */
+  float FIELD_2;     /* field 2 */
+  float FIELD_3;     /* field 3 */
+  int16_t FIELD_4;   /* field 4 */
+  float FIELD_8;     /* never loaded, 0; field 8 */
+} WLut;
+
+/** Compressor row. */
+typedef struct CLut {
+  char KEY_TEXT[41];    /* compressor name, the key; field 12 */
+  int16_t EQUATION;     /* power equation, never loaded, 0 */
+  float A;              /* coefficient a */
+  float B;              /* coefficient b */
+  float C;              /* coefficient c */
+  float FUEL_RATE;      /* fuel rate x its unit factor; field 3, field 2 in its units */
+  float FIELD_6;        /* field 6 */
+  char FUEL_UNITS[11];  /* fuel units text; field 4 */
+  char POWER_UNITS[11]; /* power units text; field 5 */
+  int16_t FIELD_11;     /* field 11 */
+  float FIELD_15;       /* never loaded, 0; field 15 */
+} CLut;
+
+/** Device point returned by value. */
+typedef struct DevPair {
+  int32_t x, y;
+} DevPair; /* device point returned by value */
+
+/* ------------------------------------------------------------------------------------------------
+ * Option records of the picture
+ *
+ * 32-bit slots that the host fills and keeps; the library only reads them.
+ * ---------------------------------------------------------------------------------------------- */
+
+typedef struct ViewOpts {
+  /* general */
+  int32_t BackColor;
+  int32_t LineWidth;
+  int32_t SymbolsAllZoom;
+  /* nodes */
+  int32_t NodeOn;
+  float NodeZoomLimit;
+  int32_t NodeSize;
+  int32_t NodeColor;
+  int32_t NodeSpecialColor;
+  int32_t NodeSymbol;
+  float NodeFontSize;
+  int32_t NodeFontBold;
+  int32_t NodeTextColor;
+  int32_t NodeLabelAngle;
+  int32_t NodeLabelMask;
+  float NodeLabelLimit;
+  int32_t NodeLabelsOnPrint;
+  int32_t NodeLabelsLoadedOnly;
+  int32_t NodePrefix;
+  int32_t NodeUnits;
+  int32_t NodeTransparent;
+  int32_t NodeLeader;
+  int32_t NodeLabel[20];
+  int32_t NodeFlag3On;
+  int32_t NodeLoadMarkOn;
+  /* pipes */
+  int32_t PipeColor;
+  int32_t ElemColor;
+  int32_t PipeColorMode;
+  int32_t PipeWidth;
+  int32_t PipeLineType;
+  float PipeFontSize;
+  int32_t PipeFontBold;
+  int32_t PipeTextColor;
+  int32_t PipeLabelMask;
+  float PipeLabelLimit;
+  int32_t PipePrefix;
+  int32_t PipeUnits;
+  int32_t PipeTransparent;
+  int32_t PipeLeader;
+  int32_t PipeLabel[19];
+  int32_t DevicesUnlabelled;
+  int32_t DevicesOn;
+  float DeviceZoomLimit;
+  int32_t DeviceSize;
+  int32_t ArrowsOn;
+  float ArrowZoomLimit;
+  int32_t ArrowSize;
+  int32_t ArrowStyle;
+  int32_t ArrowMinFlow;
+  int32_t ArrowsAtMidVertex;
+  int32_t VtxMarksOn;
+  int32_t VtxMarksFilled;
+  /* customers */
+  int32_t CustOn;
+  float CustZoomLimit;
+  int32_t CustSize;
+  int32_t CustColor;
+  int32_t CustSymbol;
+  float CustFontSize;
+  int32_t CustFontBold;
+  int32_t CustTextColor;
+  int32_t CustLabelAngle;
+  int32_t CustLabelMask;
+  float CustLabelLimit;
+  int32_t CustPrefix;
+  int32_t CustUnits;
+  int32_t CustTransparent;
+  int32_t CustLeader;
+  int32_t CustLabel[20];
+  int32_t CustChangeMarkOn;
+  /* graphic text and user graphics */
+  int32_t TextOn;
+  int32_t UgdOn;
+  int32_t UgdLineStyle;
+  int32_t UgdSymbolSize;
+} ViewOpts;
+
+typedef struct PlotOpts {
+  /* general */
+  int32_t Mono;
+  int32_t Metric;
+  int32_t PollPercent;
+  int32_t ShortPipeSkip;
+  int32_t ClipOn;
+  /* selection */
+  int32_t HiliteColor;
+  int32_t GripsOn;
+  int32_t GripsShown;
+  int32_t GripColor;
+  int32_t GripSize;
+  /* print sizes */
+  int32_t PrintNodeSize;
+  int32_t PrintCustSize;
+  int32_t PrintLineWidth;
+  int32_t PrintLabelsOn;
+  /* fonts of the labels */
+  float NodePrintFontSize;
+  int32_t NodePrintBold;
+  int32_t NodeFontMode;
+  float PipePrintFontSize;
+  int32_t PipePrintBold;
+  int32_t PipeFontMode;
+  float CustPrintFontSize;
+  int32_t CustPrintBold;
+  int32_t CustFontMode;
+  /* sheet */
+  int32_t FrameOn;
+  int32_t FrameWidth;
+  int32_t TitleOn;
+  int32_t TitleFontSize;
+  int32_t TitleBold;
+  int32_t BlockFrameOn;
+  int32_t BlockFontSize;
+  int32_t BlockBold;
+  int32_t ScaleMode;
+} PlotOpts;
+
+typedef struct UnitOpts {
+  float Digits[32];
+  int32_t Metric;
+} UnitOpts;
+
+/* ------------------------------------------------------------------------------------------------
+ * Start: paths, units, base conditions
+ *
+ * Called once before anything is loaded. Every setting is 0 or empty until its setter ran.
+ * ---------------------------------------------------------------------------------------------- */
+
+PN10_EXPORT int32_t PN10_CALL SetGlobalGDI(const char* dataPath, const char* secondPath);
+PN10_EXPORT void PN10_CALL SetGlobalUnits(const char* velUnits, const char* elevUnits, const char* coordUnits,
+                                          float velFactor, float effFactor, float lengthFactor, float tolerance);
+PN10_EXPORT void PN10_CALL SetAppCancel(int16_t cancelFlag);
+PN10_EXPORT void PN10_CALL SetBaseCond(float baseP, float baseT, const char* patmUnits, const char* tempUnits,
+                                       const char* visUnits, const char* hvUnits);
+PN10_EXPORT void PN10_CALL SetHQDll(void);
+
+/* ------------------------------------------------------------------------------------------------
+ * Lookup libraries
+ *
+ * Loaded before the model, so that pipe properties resolve. A loader releases what its table held.
+ * ---------------------------------------------------------------------------------------------- */
+
+PN10_EXPORT int32_t PN10_CALL ReadPLut(const char* path);
+PN10_EXPORT int32_t PN10_CALL ReadFLut(const char* path);
+PN10_EXPORT int32_t PN10_CALL ReadRLut(const char* path);
+PN10_EXPORT int32_t PN10_CALL ReadVLut(const char* path);
+PN10_EXPORT int32_t PN10_CALL ReadWLut(const char* path);
+PN10_EXPORT int32_t PN10_CALL ReadCLut(const char* path);
+PN10_EXPORT int32_t PN10_CALL InitPLut(void);
+PN10_EXPORT int32_t PN10_CALL InitFLut(void);
+PN10_EXPORT int32_t PN10_CALL InitRLut(void);
+PN10_EXPORT int32_t PN10_CALL InitVLut(void);
+PN10_EXPORT int32_t PN10_CALL InitWLut(void);
+PN10_EXPORT int32_t PN10_CALL InitCLut(void);
+
+/* ------------------------------------------------------------------------------------------------
+ * Facility table
+ *
+ * Loaded before the pipes: ReadPdt copies the settings of its facility to each pipe.
+ * ---------------------------------------------------------------------------------------------- */
+
+PN10_EXPORT int32_t PN10_CALL ReadFac(const char* path);
+PN10_EXPORT int32_t PN10_CALL DefaultFac(void);
+PN10_EXPORT int32_t PN10_CALL ReallocFac(int32_t rowCount);
+PN10_EXPORT double PN10_CALL GetFacVal(int32_t row, int32_t facNo, char* text, int16_t field);
+PN10_EXPORT void PN10_CALL SetFacVal(int32_t row, int16_t field, const char* text, double value);
+PN10_EXPORT int32_t PN10_CALL FindFacRnoIdx(int32_t facNo);
+PN10_EXPORT int32_t PN10_CALL FindFacRnoId(const char* name);
+PN10_EXPORT int32_t PN10_CALL GetNextFacCnt(void);
+PN10_EXPORT int32_t PN10_CALL GetNextFacId(void);
+
+/* ------------------------------------------------------------------------------------------------
+ * Header strings and reference records
+ * ---------------------------------------------------------------------------------------------- */
+
+PN10_EXPORT int32_t PN10_CALL HdrIo(const char* path, const char* magic, int16_t mode);
+PN10_EXPORT void PN10_CALL GetHdrVal(int16_t line, char* text);
+PN10_EXPORT void PN10_CALL SetHdrVal(int16_t line, const char* text);
+PN10_EXPORT int32_t PN10_CALL GetValFromHdrFile(const char* path, const char* magic, char* text, int16_t line);
+PN10_EXPORT intptr_t PN10_CALL GetHdrAddress(void);
+PN10_EXPORT int32_t PN10_CALL ReadRdx(int32_t count, const char* base);
+PN10_EXPORT void PN10_CALL PutRdx(int32_t row, const char* key, const char* longText, const char* shortText);
+PN10_EXPORT int32_t PN10_CALL FindRdx(int32_t count, const char* key, char* longOut, char* shortOut);
+PN10_EXPORT intptr_t PN10_CALL GetRdxAddress(void);
+
+/* ------------------------------------------------------------------------------------------------
+ * Load: ReadVtx, ReadNdt, ReadPdt, ReadCdt, in this order
+ *
+ * A loader forgets the tables that it finds, without releasing them: call FreeModel first.
+ * Base is the model path without extension.
+ * ---------------------------------------------------------------------------------------------- */
+
+PN10_EXPORT int32_t PN10_CALL ReadVtx(const char* base, int16_t noFile);
+PN10_EXPORT int32_t PN10_CALL ReadNdt(const char* base, int16_t noFile, float version);
+PN10_EXPORT int32_t PN10_CALL ReadPdt(const char* base, int16_t defaultEquation, const char* defaultPressureUnits,
+                                      int16_t noFile);
+PN10_EXPORT int32_t PN10_CALL ReadCdt(const char* base, int16_t noFile);
+PN10_EXPORT int32_t PN10_CALL ReadFtg(const char* base, int16_t append, int32_t idOffset, const char* version);
+
+/* ------------------------------------------------------------------------------------------------
+ * Numbered fields
+ *
+ * The getters return a 64-bit float and copy a text field to text; the setters truncate toward zero
+ * for integer members and keep the low eight bits for byte members.
+ * ---------------------------------------------------------------------------------------------- */
+
+PN10_EXPORT double PN10_CALL GetNdtVal(int32_t node, char* text, int16_t field);
+PN10_EXPORT void PN10_CALL SetNdtVal(int32_t node, int16_t field, const char* text, double value);
+PN10_EXPORT double PN10_CALL GetPdtVal(int32_t pipe, char* text, int16_t field);
+PN10_EXPORT void PN10_CALL SetPdtVal(int32_t pipe, int16_t field, const char* text, double value);
+PN10_EXPORT double PN10_CALL GetCdtVal(int32_t cust, char* text, int16_t field);
+PN10_EXPORT void PN10_CALL SetCdtVal(int32_t cust, int16_t field, const char* text, double value);
+PN10_EXPORT double PN10_CALL GetFdtVal(int32_t ftg, char* text, int16_t field);
+PN10_EXPORT void PN10_CALL SetFdtVal(int32_t ftg, int16_t field, const char* text, double value);
+
+/* ------------------------------------------------------------------------------------------------
+ * Computed values of nodes, pipes and customers
+ * ---------------------------------------------------------------------------------------------- */
+
+PN10_EXPORT double PN10_CALL CalcNodeQBase(int32_t node);
+PN10_EXPORT double PN10_CALL CalcNodeQExt(int32_t node);
+PN10_EXPORT int32_t PN10_CALL GetPipeCount(int32_t node);
+PN10_EXPORT void PN10_CALL PipeConnects(int32_t node, int32_t* pipes, double* xs, double* ys, float* zs);
+PN10_EXPORT int32_t PN10_CALL CkNodeName(int32_t node, const char* name);
+PN10_EXPORT double PN10_CALL CalcVolPno(int32_t pipe, float baseT, float baseP);
+PN10_EXPORT float PN10_CALL CalcEqLFtgNo(float diameter, int16_t equation, int16_t flutRow);
+
+/* ------------------------------------------------------------------------------------------------
+ * Lookup queries
+ * ---------------------------------------------------------------------------------------------- */
+
+PN10_EXPORT int32_t PN10_CALL FindPLutRno(const char* key, int16_t countMatches);
+PN10_EXPORT int32_t PN10_CALL FindRLutRno(const char* key, int16_t countMatches);
+PN10_EXPORT int32_t PN10_CALL FindFLutRno(const char* key, int16_t countMatches);
+PN10_EXPORT int32_t PN10_CALL FindVLutRno(const char* key, int16_t countMatches);
+PN10_EXPORT int32_t PN10_CALL FindCLutRno(const char* key, int16_t countMatches);
+PN10_EXPORT int32_t PN10_CALL FindWLutRno(const char* key, int16_t countMatches);
+PN10_EXPORT double PN10_CALL GetPLutVal(int16_t row, char* text, int16_t field);
+PN10_EXPORT double PN10_CALL GetFLutVal(int32_t row, char* text, int16_t field);
+PN10_EXPORT double PN10_CALL GetRLutVal(int32_t row, char* text, int16_t field);
+PN10_EXPORT double PN10_CALL GetVLutVal(int32_t row, char* text, int16_t field);
+PN10_EXPORT double PN10_CALL GetWLutVal(int32_t row, char* text, int16_t field);
+PN10_EXPORT double PN10_CALL GetCLutVal(int32_t row, char* text, int16_t field);
+PN10_EXPORT intptr_t PN10_CALL GetPLutAddress(void);
+PN10_EXPORT intptr_t PN10_CALL GetFLutAddress(void);
+PN10_EXPORT intptr_t PN10_CALL GetRLutAddress(void);
+PN10_EXPORT intptr_t PN10_CALL GetVLutAddress(void);
+PN10_EXPORT intptr_t PN10_CALL GetWLutAddress(void);
+PN10_EXPORT intptr_t PN10_CALL GetCLutAddress(void);
+PN10_EXPORT intptr_t PN10_CALL GetPPTypeAddress(void);
+PN10_EXPORT float PN10_CALL CalcPave(float absPressureA, float absPressureB);
+
+/* ------------------------------------------------------------------------------------------------
+ * Units, number formats, text helpers
+ * ---------------------------------------------------------------------------------------------- */
+
+PN10_EXPORT float PN10_CALL GetUnitFactor(const char* unitName, float heatingValue, const char* family);
+PN10_EXPORT double PN10_CALL CalcRankine(float t);
+PN10_EXPORT void PN10_CALL GetNumFormat(int16_t index, char* buffer);
+PN10_EXPORT int32_t PN10_CALL StrUpper(char* text);
+PN10_EXPORT void PN10_CALL TrimRight(char* text);
+PN10_EXPORT void PN10_CALL TrimRight20(char* text20);
+
+/* ------------------------------------------------------------------------------------------------
+ * Geometry
+ * ---------------------------------------------------------------------------------------------- */
+
+PN10_EXPORT double PN10_CALL GetBrg(double x1, double y1, double x2, double y2);
+PN10_EXPORT int32_t PN10_CALL GetXY(double x, double y, double bearing, double distance, double* outX, double* outY);
+PN10_EXPORT double PN10_CALL CalcACos(double x);
+PN10_EXPORT double PN10_CALL CalcASin(double x);
+PN10_EXPORT int32_t PN10_CALL CalcArcGeom(int32_t vtx, int16_t turn, float z1, float z2, double x1, double y1,
+                                          double x2, double y2, double* centreX, double* centreY, double* radius,
+                                          float* startBrg, float* endBrg, double* includedAngle, double* midX,
+                                          double* midY, float* midZ);
+PN10_EXPORT int32_t PN10_CALL CalcArcCxy(int16_t turn, float radius, float includedAngle, double x1, double y1,
+                                         float z1, double x2, double y2, float z2, double* centreX, double* centreY,
+                                         float* startBrg, float* endBrg);
+PN10_EXPORT int32_t PN10_CALL CalcArcMidXY(int32_t pipe, double* midX, double* midY, float* midZ);
+PN10_EXPORT int32_t PN10_CALL GetArc(int32_t pipe, int32_t* vtx, double* centreX, double* centreY, float* vtxZ,
+                                     float* startBrg, float* endBrg, float* radius, float* includedAngle,
+                                     int32_t* wholeDegrees);
+PN10_EXPORT float PN10_CALL CalcPipeLength(int32_t pipe, int16_t useZ);
+PN10_EXPORT int32_t PN10_CALL GetPolyMidVtx(int32_t pipe);
+PN10_EXPORT float PN10_CALL GetPipeTextZ(int32_t pipe);
+PN10_EXPORT void PN10_CALL GetIsoDevXY(double x, double y, float bearing, float distance, float z, int32_t* devX,
+                                       int32_t* devY);
+PN10_EXPORT void PN10_CALL GetDevXY(double x, double y, float bearing, float distance, int32_t* devX, int32_t* devY);
+PN10_EXPORT DevPair PN10_CALL GetViewDevXY(double x, double y, float bearing, float distance, float z, int16_t geoFlag);
+PN10_EXPORT DevPair PN10_CALL GetDevXYPair(double x, double y, float bearing, float distance);
+PN10_EXPORT DevPair PN10_CALL GetPolarXY(double x, double y, float bearing, float distance);
+PN10_EXPORT int32_t PN10_CALL FloorLong(double value);
+PN10_EXPORT double PN10_CALL CalcFloor(double value);
+PN10_EXPORT double PN10_CALL CalcCeil(double value);
+
+/* ------------------------------------------------------------------------------------------------
+ * Isometric view and geographic scale
+ * ---------------------------------------------------------------------------------------------- */
+
+PN10_EXPORT double PN10_CALL CalcGreatCircleDist(double x1, double y1, double x2, double y2, float z1, float z2);
+PN10_EXPORT double PN10_CALL CalcLatLonDist(double distance, float z);
+PN10_EXPORT double PN10_CALL CalcDistLatLon(double degrees, float z);
+PN10_EXPORT double PN10_CALL CalcGeoY(double latitude, double winX1, double winY1, double winX2, double winY2,
+                                      int16_t zoom);
+PN10_EXPORT double PN10_CALL CalcGeoY_(double latitude);
+PN10_EXPORT int32_t PN10_CALL SetGeoYVars(void);
+PN10_EXPORT double PN10_CALL CalcLatFromPictY(double pictY, double winX1, double winY1, double winX2, double winY2,
+                                              int16_t zoom);
+PN10_EXPORT void PN10_CALL CalcIsoXY(double x, double y, float z, double* isoX, double* isoY);
+PN10_EXPORT void PN10_CALL CalcXYIso(double isoX, double isoY, float z, double* x, double* y);
+PN10_EXPORT int16_t PN10_CALL CalcIsoDeg(float tenthsOfDegree);
+PN10_EXPORT float PN10_CALL CalcIsoRad(float radians);
+
+/* ------------------------------------------------------------------------------------------------
+ * Search
+ *
+ * Results are record numbers, 0 when nothing is found; tolerances are inclusive; deleted records are skipped.
+ * ---------------------------------------------------------------------------------------------- */
+
+PN10_EXPORT int32_t PN10_CALL FindNodeClose(double x, double y, float z);
+PN10_EXPORT int32_t PN10_CALL FindNodeSnap(double x, double y, float z, float tolerance, int16_t threeD);
+PN10_EXPORT int32_t PN10_CALL FindNodeSnapPix(double x, double y, float tolerance);
+PN10_EXPORT int32_t PN10_CALL FindNodeFuzzyRno(int32_t node, float tolerance);
+PN10_EXPORT int32_t PN10_CALL FindNodeFuzzy(double x, double y, float tolerance);
+PN10_EXPORT int32_t PN10_CALL FindNodeFuzzy2x(double x1, double y1, double x2, double y2, float tolerance,
+                                              int32_t* node1, int32_t* node2);
+PN10_EXPORT int32_t PN10_CALL FindNodeByName(const char* upperName, int32_t nameLength, int32_t startNode,
+                                             int16_t partial);
+PN10_EXPORT int32_t PN10_CALL FindNodeByID(int32_t id);
+PN10_EXPORT int32_t PN10_CALL FindPipeByID(int32_t id);
+PN10_EXPORT int32_t PN10_CALL FindPipeByNodeName(const char* nodeName1, const char* nodeName2);
+PN10_EXPORT int32_t PN10_CALL FindPipeByLinkID(const char* upperText, int32_t startPipe, int16_t partial);
+PN10_EXPORT int32_t PN10_CALL FindPipeXY(double x, double y, float* distance, int16_t activeOnly, int16_t drawnOnly,
+                                         int16_t withLabel, int32_t excludedNode);
+PN10_EXPORT int32_t PN10_CALL FindPipeByLocation(double fromX, double fromY, float fromZ, double toX, double toY,
+                                                 float toZ, const double* vtxXs, const double* vtxYs, int32_t vtxCount,
+                                                 float tolerance);
+PN10_EXPORT int32_t PN10_CALL FindPipeClosePno(double x, double y, float tolerance);
+PN10_EXPORT int32_t PN10_CALL FindPipeCloseMid(double x, double y, float tolerance, double* midX, double* midY,
+                                               float* midZ);
+PN10_EXPORT double PN10_CALL CalcSegDist(double x1, double y1, double x2, double y2, double px, double py);
+PN10_EXPORT int32_t PN10_CALL FindCustByID(int32_t id);
+
+/* ------------------------------------------------------------------------------------------------
+ * Trace
+ * ---------------------------------------------------------------------------------------------- */
+
+PN10_EXPORT int32_t PN10_CALL CalcSystemTrace(int32_t startNode, int32_t stopNode, int32_t startPipe, int16_t mode,
+                                              int32_t* pipes, int16_t keepColor);
+
+/* ------------------------------------------------------------------------------------------------
+ * Facility settings, flags and colours
+ * ---------------------------------------------------------------------------------------------- */
+
+PN10_EXPORT void PN10_CALL SetPipeFacFlags(int32_t pipe, int16_t defaultEquation);
+PN10_EXPORT void PN10_CALL SetNodeFacFlags(int32_t pipe, int32_t fromNode, int32_t toNode,
+                                           const char* defaultPressureUnits);
+PN10_EXPORT int32_t PN10_CALL GetFacFlag(int32_t facNo, int16_t field);
+PN10_EXPORT int32_t PN10_CALL GetFacActivePipe(int32_t pipe);
+PN10_EXPORT int32_t PN10_CALL GetFacDisplayPipe(int32_t pipe);
+PN10_EXPORT int32_t PN10_CALL GetFacReportPipe(int32_t pipe);
+PN10_EXPORT int32_t PN10_CALL GetFacActiveNode(int32_t node);
+PN10_EXPORT int32_t PN10_CALL GetFacDisplayNode(int32_t node);
+PN10_EXPORT int32_t PN10_CALL GetFacReportNode(int32_t node);
+PN10_EXPORT int32_t PN10_CALL GetFacActiveCust(int32_t cust);
+PN10_EXPORT int32_t PN10_CALL GetFacReportCust(int32_t cust);
+PN10_EXPORT int32_t PN10_CALL GetFacDisplayCust(int32_t cust);
+PN10_EXPORT void PN10_CALL SetFacNodeDflt(int32_t node);
+PN10_EXPORT void PN10_CALL SetFacNodePipe(int32_t pipe, int32_t node);
+PN10_EXPORT void PN10_CALL CopyFacPipe(int32_t sourcePipe, int32_t targetPipe);
+PN10_EXPORT int32_t PN10_CALL SetPipeFacSettings(int32_t facNo, int16_t flag, int16_t value);
+PN10_EXPORT int32_t PN10_CALL ResetPipeFacSettings(int32_t firstPipe, int32_t lastPipe, int16_t defaultEquation,
+                                                   const char* defaultPressureUnits, int16_t recompute);
+PN10_EXPORT int32_t PN10_CALL ResetFacSettings(void);
+PN10_EXPORT void PN10_CALL SetPipeColor(int32_t pipe);
+PN10_EXPORT void PN10_CALL ResetPipeColors(void);
+PN10_EXPORT int32_t PN10_CALL GetPipeColor(int32_t storedColor, int16_t hydType, int32_t facNo, const char* sizeType);
+PN10_EXPORT int32_t PN10_CALL GetNodeColor(int32_t storedColor);
+PN10_EXPORT int32_t PN10_CALL GetCustColor(int32_t storedColor);
+PN10_EXPORT int32_t PN10_CALL SetColorPXY(int32_t pipe, int32_t pipeColor, int32_t elemColor, int16_t resolve);
+PN10_EXPORT int32_t PN10_CALL GetColorPXY(int32_t pipe);
+PN10_EXPORT int32_t PN10_CALL GetColorNXY(int32_t node);
+PN10_EXPORT int32_t PN10_CALL GetColorCXY(int32_t cust);
+PN10_EXPORT int32_t PN10_CALL SetColorNXY(int32_t node, int32_t color);
+PN10_EXPORT int32_t PN10_CALL SetColorCXY(int32_t cust, int32_t color);
+PN10_EXPORT int32_t PN10_CALL SetAllTextColor(int32_t color);
+
+/* ------------------------------------------------------------------------------------------------
+ * Draw
+ *
+ * On every repaint: SetDrawVars, SetPNGDIScale, DrawPict, in this order. The three option records stay
+ * with the host and must live until the next SetDrawVars.
+ * ---------------------------------------------------------------------------------------------- */
+
+PN10_EXPORT int32_t PN10_CALL SetDrawVars(int16_t devMode, HDC dc, HWND drawWindow, float loadFactor,
+                                          const PlotOpts* plotOpts, const ViewOpts* viewOpts, const UnitOpts* unitOpts,
+                                          HWND keyWindow, int32_t singleNode, int32_t singleCust, int16_t isoFlag,
+                                          int16_t projection, int16_t zoom, double mapScale);
+PN10_EXPORT int32_t PN10_CALL SetIso(int16_t isoFlag);
+PN10_EXPORT int32_t PN10_CALL SetDev(int16_t value);
+PN10_EXPORT int32_t PN10_CALL SetPNGDIScale(double x0, double y0, double x1, double y1, int32_t devWidth,
+                                            int32_t devHeight, float minPixels, float displayHeight, double geoX1,
+                                            double geoY1, double geoX2, double geoY2);
+PN10_EXPORT int32_t PN10_CALL DrawPict(int32_t firstPipe, int32_t lastPipe, int32_t firstNode, int32_t lastNode,
+                                       int32_t firstCust, int32_t lastCust, int32_t firstText, int32_t lastText,
+                                       int32_t firstUgd, int32_t lastUgd, int16_t clearHilite, int16_t* recolourPipes,
+                                       int16_t* recolourNodes, int16_t* recolourCusts, int16_t linesOnly);
+
+/* ------------------------------------------------------------------------------------------------
+ * Edit: grow, count, copy, delete
+ * ---------------------------------------------------------------------------------------------- */
+
+PN10_EXPORT int32_t PN10_CALL ReallocCXY(int32_t highestRecord);
+PN10_EXPORT int32_t PN10_CALL ReallocCdt(int32_t highestRecord);
+PN10_EXPORT int32_t PN10_CALL ReallocNXY(int32_t highestRecord);
+PN10_EXPORT int32_t PN10_CALL ReallocNdt(int32_t highestRecord);
+PN10_EXPORT int32_t PN10_CALL ReallocPXY(int32_t highestRecord);
+PN10_EXPORT int32_t PN10_CALL ReallocPdt(int32_t highestRecord);
+PN10_EXPORT int32_t PN10_CALL ReallocTXY(int32_t highestRecord);
+PN10_EXPORT int32_t PN10_CALL ReallocVtx(int32_t highestRecord);
+PN10_EXPORT int32_t PN10_CALL ReallocFdt(int32_t highestRecord);
+PN10_EXPORT int32_t PN10_CALL GetNextNid(void);
+PN10_EXPORT int32_t PN10_CALL GetNextPid(void);
+PN10_EXPORT int32_t PN10_CALL GetNextCid(void);
+PN10_EXPORT int32_t PN10_CALL GetNextNode(int16_t step);
+PN10_EXPORT int32_t PN10_CALL GetNextNdtCnt(void);
+PN10_EXPORT int32_t PN10_CALL GetNextPdtCnt(void);
+PN10_EXPORT int32_t PN10_CALL GetNextCdtCnt(void);
+PN10_EXPORT int32_t PN10_CALL GetNextVtxCnt(void);
+PN10_EXPORT int32_t PN10_CALL GetLastNdt(void);
+PN10_EXPORT int32_t PN10_CALL GetLastPdt(void);
+PN10_EXPORT int32_t PN10_CALL GetLastCdt(void);
+PN10_EXPORT int32_t PN10_CALL CopyNdt(int32_t fromNode, int32_t toNode);
+PN10_EXPORT void PN10_CALL CopyCdt(int32_t fromCust, int32_t toCust);
+PN10_EXPORT void PN10_CALL CopyVtx(int32_t fromVtx, int32_t toVtx);
+PN10_EXPORT int32_t PN10_CALL CopyFdt(int32_t fromFtg, int32_t toFtg);
+PN10_EXPORT int32_t PN10_CALL CopyNXY(int32_t fromNode, int32_t toNode);
+PN10_EXPORT int32_t PN10_CALL CopyPXY(int32_t fromPipe, int32_t toPipe);
+PN10_EXPORT int32_t PN10_CALL CopyCXY(int32_t fromCust, int32_t toCust);
+PN10_EXPORT int32_t PN10_CALL CopyPdt(int32_t fromPipe, int32_t toPipe, int16_t fittings, int32_t newId);
+PN10_EXPORT void PN10_CALL DelNode(int32_t node);
+PN10_EXPORT void PN10_CALL DelPipe(int32_t pipe);
+PN10_EXPORT void PN10_CALL DelCust(int32_t cust);
+PN10_EXPORT int32_t PN10_CALL DelPipePXY(int32_t pipe, int16_t orphanNodes, int16_t customers, int16_t newStatus);
+PN10_EXPORT int32_t PN10_CALL DelLegend(int32_t firstText, int16_t groupType);
+PN10_EXPORT int32_t PN10_CALL DelBOM(int32_t firstGraphic, int16_t groupType);
+PN10_EXPORT int32_t PN10_CALL DelTXY(int32_t textRecord);
+PN10_EXPORT int32_t PN10_CALL MoveTXY(int32_t textRecord, double x, double y);
+PN10_EXPORT int32_t PN10_CALL KillVtx(int32_t vtx);
+
+/* ------------------------------------------------------------------------------------------------
+ * Edit: screen records, flags, addresses
+ * ---------------------------------------------------------------------------------------------- */
+
+PN10_EXPORT void PN10_CALL InitNXY(int32_t node);
+PN10_EXPORT void PN10_CALL InitPXY(int32_t pipe);
+PN10_EXPORT void PN10_CALL InitCXY(int32_t cust);
+PN10_EXPORT int32_t PN10_CALL UpdateNXY(int32_t node, int32_t recolour);
+PN10_EXPORT int32_t PN10_CALL UpdatePXY(int32_t pipe, int32_t firstVtx, int32_t lastVtx, int16_t recolour);
+PN10_EXPORT int32_t PN10_CALL UpdateCXY(int32_t cust, int32_t firstVtx, int32_t lastVtx, int16_t recolour,
+                                        int16_t redraw);
+PN10_EXPORT int32_t PN10_CALL FlagPipe(int32_t pipe, int16_t value);
+PN10_EXPORT int32_t PN10_CALL FlagCust(int32_t cust, int16_t value);
+PN10_EXPORT int32_t PN10_CALL GetPXY(int32_t pipe, int32_t* firstVtx, int32_t* lastVtx);
+PN10_EXPORT int32_t PN10_CALL GetCXY(int32_t cust, double* x, double* y, double* tapX, double* tapY, int32_t* firstVtx,
+                                     int32_t* lastVtx);
+PN10_EXPORT int32_t PN10_CALL SetCXYChange(int32_t cust, int32_t vertexA, float fractionA, int32_t vertexB,
+                                           float fractionB);
+PN10_EXPORT intptr_t PN10_CALL GetNdtAddress(void);
+PN10_EXPORT intptr_t PN10_CALL GetPdtAddress(void);
+PN10_EXPORT intptr_t PN10_CALL GetCdtAddress(void);
+PN10_EXPORT intptr_t PN10_CALL GetPXYAddress(void);
+PN10_EXPORT int32_t PN10_CALL GetNdtChanged(int32_t node);
+PN10_EXPORT int32_t PN10_CALL GetPdtChanged(int32_t pipe);
+PN10_EXPORT int32_t PN10_CALL GetCdtChanged(int32_t cust);
+
+/* ------------------------------------------------------------------------------------------------
+ * Save
+ * ---------------------------------------------------------------------------------------------- */
+
+PN10_EXPORT int32_t PN10_CALL SavePipe(int32_t rdxCount, const char* base);
+PN10_EXPORT int32_t PN10_CALL SaveFtg(const char* base, const char* version);
+PN10_EXPORT void PN10_CALL FilePutFdt(int16_t handle, int32_t tableRecord, int32_t fileRecord);
+PN10_EXPORT int32_t PN10_CALL SaveFac(const char* path, const char* title);
+
+/* ------------------------------------------------------------------------------------------------
+ * Release
+ *
+ * Nothing is released implicitly: whoever loads calls these.
+ * ---------------------------------------------------------------------------------------------- */
+
+PN10_EXPORT void PN10_CALL FreeModel(void);
+PN10_EXPORT int32_t PN10_CALL FreeFdt(void);
+PN10_EXPORT int32_t PN10_CALL FreeFac(void);
+PN10_EXPORT int32_t PN10_CALL FreePLut(void);
+PN10_EXPORT int32_t PN10_CALL FreeLut(void);
+PN10_EXPORT void PN10_CALL FreeHQDll(void);
+PN10_EXPORT int32_t PN10_CALL cnull(void);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* PN10GDI_H */

@@ -1,0 +1,76 @@
+/** Files as every system has them. */
+#include "platform/files.h"
+
+#include <cstdlib>
+
+#ifndef _WIN32
+#include <sys/types.h>
+#endif
+
+namespace pn10 {
+
+namespace {
+int64_t tellFile(FILE* file) {
+#ifdef _WIN32
+  return _ftelli64(file);
+#else
+  return ftello(file);
+#endif
+}
+
+int seekFrom(FILE* file, int64_t offset, int origin) {
+#ifdef _WIN32
+  return _fseeki64(file, offset, origin);
+#else
+  return fseeko(file, offset, origin);
+#endif
+}
+}  // namespace
+
+bool seekFile(FILE* file, int64_t position) { return position >= 0 && seekFrom(file, position, SEEK_SET) == 0; }
+
+int64_t fileSize(FILE* file) {
+  const int64_t here = tellFile(file);
+  if (here < 0 || seekFrom(file, 0, SEEK_END) != 0) return -1;
+  const int64_t size = tellFile(file);
+  return seekFile(file, here) ? size : -1;
+}
+
+bool File::open(const char* path, const char* mode) {
+  close();
+  file_ = path ? std::fopen(path, mode) : nullptr;
+  return file_ != nullptr;
+}
+
+bool File::close() {
+  if (!file_) return false;
+  const bool written = std::ferror(file_) == 0;
+  const bool closed = std::fclose(file_) == 0;
+  file_ = nullptr;
+  return written && closed;
+}
+
+FileImage::~FileImage() { std::free(bytes); }
+
+FileImage::Result FileImage::read(const char* path) {
+  File file(path, "rb");
+  if (!file) return kNoFile;
+  const int64_t length = fileSize(file.get());
+  if (length < 0) return kNoFile;
+  if (static_cast<uint64_t>(length) >= SIZE_MAX) return kNoMemory;
+  std::free(bytes);
+  bytes = static_cast<uint8_t*>(std::malloc(static_cast<size_t>(length) + 1));
+  size = 0;
+  if (!bytes) return kNoMemory;
+  std::setvbuf(file.get(), nullptr, _IONBF, 0);
+  size = std::fread(bytes, 1, static_cast<size_t>(length), file.get());
+  bytes[size] = 0;
+  return kRead;
+}
+
+void rotateBackup(const char* path, const char* backup) {
+  std::remove(backup);
+  std::rename(path, backup);
+}
+
+}  // namespace pn10

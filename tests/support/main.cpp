@@ -1,0 +1,15 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+namespace pn10::test {
+extern bool blessing;
+}
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  for (int i = 1; i < argc; i++) {
+    if (!std::strcmp(argv[i], "--bless")) pn10::test::blessing = true;
+  }
+  return RUN_ALL_TESTS();
+}
