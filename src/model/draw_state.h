@@ -63,6 +63,8 @@ struct DrawState {
   HGDIOBJ LabelOldFont;
   int16_t LabelEscapement; /* -1 = none set */
   LOGFONTA* LabelLogFont;
+  double GeoTop;   /* set by SetGeoYVars: tile pixel Y of the window's top */
+  double GeoScale; /* tile pixels per degree of window Y */
 };
 extern DrawState drawState;
 
