@@ -18,9 +18,12 @@ struct Staging {
 };
 extern Staging staging;
 
+class VtxIndex;
+
 /** The rolling vertex range of a load: changed in place from pipe to pipe. */
 struct BindRange {
   int32_t START, END;
+  VtxIndex* index = nullptr; /* speeds up searches beyond the range; may be null */
 };
 
 }  // namespace pn10

@@ -38,8 +38,10 @@ constexpr DrawState initialDrawState() {
 HCURSOR oldCursor;
 int32_t waitDepth;
 
+/** Slots are counted in int32 as well, so the highest count has none. */
 bool fits(int32_t count, size_t recordSize) {
-  return count >= 0 && static_cast<uint64_t>(count) + 1 <= static_cast<uint64_t>(PTRDIFF_MAX) / recordSize;
+  return count >= 0 && count < INT32_MAX &&
+         static_cast<uint64_t>(count) + 1 <= static_cast<uint64_t>(PTRDIFF_MAX) / recordSize;
 }
 
 }  // namespace

@@ -73,6 +73,8 @@ inline int32_t nodeTop() { return std::min(model.nodeCount, model.ndtSlots - 1);
 inline int32_t pipeTop() { return std::min(model.pipeCount, model.pdtSlots - 1); }
 inline int32_t custTop() { return std::min(model.custCount, model.cdtSlots - 1); }
 inline int32_t vtxTop() { return std::min(model.vtxCount, model.vtxSlots - 1); }
+inline int32_t textTop() { return model.gtx ? std::min(model.textCount, model.textCapacity) : 0; }
+inline int32_t ugdTop() { return model.ugd ? std::min(model.ugdCount, model.ugdCapacity) : 0; }
 inline int32_t ftgTop() { return std::min(model.ftgCount, model.fdtSlots - 1); }
 
 /** True for a record number of an item: 1 to the top. */
@@ -101,6 +103,9 @@ Record* newTable(int32_t count);
 /** Frees a table and sets its pointer to null. */
 template <class Record>
 void releaseTable(Record*& table);
+
+/** Frees the text table with the text of every row; the pointer becomes null, the counters stay. */
+void releaseTexts();
 
 /** The allocator under newTable and the grow operations: calloc and realloc of count + 1 records with 64-bit sizes. */
 void* allocateRecords(int32_t count, size_t recordSize);
