@@ -576,16 +576,73 @@ PN10_EXPORT int32_t PN10_CALL GetNextFacId(void);
 
 /* ------------------------------------------------------------------------------------------------
  * Header strings and reference records
+ *
+ * Header: 201 lines of settings, numbered 0 to 200, in a text file below a magic line; the host gives them
+ * their meaning. References: a key (a node's name), a long and a short text per row, rows from 1; ReadNdt makes
+ * an empty table of ten rows. Both tables go with FreeModel.
  * ---------------------------------------------------------------------------------------------- */
 
+/**
+ * Write or read a header file.
+ *
+ * A read replaces the table, releasing the old one; each line is cut at 255 characters, loses the white space at
+ * its end, and a missing line repeats the last one there is. Lines 120 to 125 are then "1" whatever the file says.
+ * @param path   full name of the file
+ * @param magic  first line of the file; a read wants the file to begin with it, and "" fits every file
+ * @param mode   0 write (201 empty lines without a table), 1 read, others nothing
+ * @return 200; -1 the magic line differs, the table stays; -2 the file can't be opened or written; -4 no memory
+ */
 PN10_EXPORT int32_t PN10_CALL HdrIo(const char* path, const char* magic, int16_t mode);
+
+/**
+ * Copy a header line.
+ * @param line  0 to 200; others, and any line before the first read, give an empty text
+ * @param text  receives the line, 257 bytes suffice
+ */
 PN10_EXPORT void PN10_CALL GetHdrVal(int16_t line, char* text);
+
+/** Store a header line of up to 256 characters; nothing happens without a table or outside lines 0 to 200. */
 PN10_EXPORT void PN10_CALL SetHdrVal(int16_t line, const char* text);
+
+/**
+ * Read one line out of a header file.
+ *
+ * On the way, lines 0 to `line` of the file overwrite those of the table, when there is one.
+ * @param text  receives the line without a terminator: pass a cleared buffer of 257 bytes
+ * @param line  0 to 200; others copy nothing
+ * @return 0; -1 the magic line differs; -2 the file can't be opened
+ */
 PN10_EXPORT int32_t PN10_CALL GetValFromHdrFile(const char* path, const char* magic, char* text, int16_t line);
+
+/** Address of header line 0, an Hdr; 0 before the first read. Valid until the next read or FreeModel. */
 PN10_EXPORT intptr_t PN10_CALL GetHdrAddress(void);
+
+/**
+ * Make a reference table of `count` rows and read <base>.rdx into it; a missing file leaves the rows empty.
+ *
+ * The table of ReadNdt is replaced, not released.
+ * @return 0; -1 no memory, and no table then
+ */
 PN10_EXPORT int32_t PN10_CALL ReadRdx(int32_t count, const char* base);
+
+/**
+ * Store a reference row; texts are cut at 40, 256 and 40 characters.
+ *
+ * Rows beyond the table make it grow, which moves it: ask for its address again. Rows below 1 do nothing.
+ */
 PN10_EXPORT void PN10_CALL PutRdx(int32_t row, const char* key, const char* longText, const char* shortText);
+
+/**
+ * First row from 1 to `count` with this key, white space at the end of both keys aside.
+ *
+ * The keys of the rows that were looked at lose the white space at their end.
+ * @param longOut   receives the long text of the row, 257 bytes suffice; left alone when nothing is found
+ * @param shortOut  receives the short text, 41 bytes suffice
+ * @return the row, 0 when there is none
+ */
 PN10_EXPORT int32_t PN10_CALL FindRdx(int32_t count, const char* key, char* longOut, char* shortOut);
+
+/** Address of reference row 0, an Rdx; 0 without a table. Valid until PutRdx adds a row, ReadRdx or FreeModel. */
 PN10_EXPORT intptr_t PN10_CALL GetRdxAddress(void);
 
 /* ------------------------------------------------------------------------------------------------
@@ -600,6 +657,17 @@ PN10_EXPORT int32_t PN10_CALL ReadNdt(const char* base, int16_t noFile, float ve
 PN10_EXPORT int32_t PN10_CALL ReadPdt(const char* base, int16_t defaultEquation, const char* defaultPressureUnits,
                                       int16_t noFile);
 PN10_EXPORT int32_t PN10_CALL ReadCdt(const char* base, int16_t noFile);
+
+/**
+ * Load <base>.fdt into the fitting table, or add it to the table.
+ *
+ * Without `append` the table already there is forgotten, not freed: call FreeFdt first.
+ * @param append    nonzero: the records follow those in memory
+ * @param idOffset  added to the pipe id of every record read; pass the pipe id offset of an appended model
+ * @param version   a leading part of "10.0" (the empty text too): records follow a header of four bytes; any other
+ *                  text: records start at the first byte. SavePipe and SaveFtg write the four bytes.
+ * @return the fitting count; -1 no memory; -2 the file can't be opened (a model without fittings has none)
+ */
 PN10_EXPORT int32_t PN10_CALL ReadFtg(const char* base, int16_t append, int32_t idOffset, const char* version);
 
 /* ------------------------------------------------------------------------------------------------
@@ -615,7 +683,34 @@ PN10_EXPORT double PN10_CALL GetPdtVal(int32_t pipe, char* text, int16_t field);
 PN10_EXPORT void PN10_CALL SetPdtVal(int32_t pipe, int16_t field, const char* text, double value);
 PN10_EXPORT double PN10_CALL GetCdtVal(int32_t cust, char* text, int16_t field);
 PN10_EXPORT void PN10_CALL SetCdtVal(int32_t cust, int16_t field, const char* text, double value);
+
+/** Fields of a fitting. */
+enum FdtField {
+  FDT_NAME = 901,    /* RW text  FTG_NAME, 20 characters */
+  FDT_NUM = 902,     /* RW int16 FTG_NUM */
+  FDT_PIPE_ID = 903, /* RW int32 FTG_PIPE_ID, 0 = unused record */
+  FDT_FLAG = 904,    /* RW int16 FTG_FLAG */
+  FDT_EQL = 905,     /* RW float FTG_EQL, feet */
+  FDT_STRIDE = 906,  /* R  32.0, bytes of a record on file */
+  FDT_COUNT = 907    /* RW int32 fitting count, of the table */
+};
+
+/**
+ * Read one numbered field of a fitting.
+ * @param ftg    record number, 0 to the fitting count
+ * @param text   receives FDT_NAME, 21 bytes suffice; not touched by the other fields
+ * @param field  one of FdtField
+ * @return the value, 1.0 for a text; -1.0 when ftg is out of range, silently, or when the field is unknown, after
+ *         the message "getfdt <field>"
+ */
 PN10_EXPORT double PN10_CALL GetFdtVal(int32_t ftg, char* text, int16_t field);
+
+/**
+ * Store one numbered field of a fitting; whole numbers truncate toward zero, a text is cut at 20 characters.
+ *
+ * A number without a record stores nothing (FDT_COUNT goes with any that is not negative); an unknown field shows
+ * "setfdt <field>".
+ */
 PN10_EXPORT void PN10_CALL SetFdtVal(int32_t ftg, int16_t field, const char* text, double value);
 
 /* ------------------------------------------------------------------------------------------------
@@ -628,6 +723,17 @@ PN10_EXPORT int32_t PN10_CALL GetPipeCount(int32_t node);
 PN10_EXPORT void PN10_CALL PipeConnects(int32_t node, int32_t* pipes, double* xs, double* ys, float* zs);
 PN10_EXPORT int32_t PN10_CALL CkNodeName(int32_t node, const char* name);
 PN10_EXPORT double PN10_CALL CalcVolPno(int32_t pipe, float baseT, float baseP);
+
+/**
+ * Equivalent length of a fitting of the fitting lookup at another diameter than its own.
+ *
+ * k * (diameter / d0)^e, where the row gives the length k at the diameter d0 and e is the exponent of the diameter
+ * in the flow equation (5 for an equation without one of its own).
+ * @param diameter  inches, as d0
+ * @param equation  flow equation code
+ * @param flutRow   row of the fitting lookup
+ * @return feet, as k; -1.0 d0 is 0, -2.0 k is 0, -3.0 the row is above the lookup, -4.0 the row is below 1
+ */
 PN10_EXPORT float PN10_CALL CalcEqLFtgNo(float diameter, int16_t equation, int16_t flutRow);
 
 /* ------------------------------------------------------------------------------------------------
@@ -883,8 +989,31 @@ PN10_EXPORT int32_t PN10_CALL GetCdtChanged(int32_t cust);
  * Save
  * ---------------------------------------------------------------------------------------------- */
 
+/**
+ * Write nodes, pipes, customers, vertices, fittings and references to <base>.ndt, .pdt, .cdt, .vtx, .fdt, .rdx.
+ *
+ * Live records only: deleted ones and nodes that no live pipe uses stay out, and the references between records
+ * are rewritten to the new record numbers; ids never change. The tables in memory keep their numbering until the
+ * next load. Each file keeps its previous generation as <name>.bak. A customer on a deleted pipe is dropped.
+ * Fittings lie behind four zero bytes: read them with ReadFtg and "10.0". A pipe that has fewer fittings than its
+ * FTG_COUNT says gets the count corrected, in memory too.
+ * @param rdxCount  rows of the reference table
+ * @return the number of pipes written; 0 without any record (nothing is touched) or without a pipe; below 0 the
+ *         file that can't be opened or written: -6 .cdt, -4 .ndt, -7 .fdt, -1 .pdt or .rdx, -2 .vtx; -5 no memory
+ *         (nothing is touched). After a failure the old files are the .bak files.
+ */
 PN10_EXPORT int32_t PN10_CALL SavePipe(int32_t rdxCount, const char* base);
+
+/**
+ * Write the fitting table to <base>.fdt, keeping the old file as <base>.fdt.bak.
+ *
+ * Record numbers are kept: an unused record reads as zeros, unused ones at the end are left off.
+ * @param version  its first four bytes become the header of the file
+ * @return 0, also with no fittings, when no file is touched; -2 the file can't be opened or written
+ */
 PN10_EXPORT int32_t PN10_CALL SaveFtg(const char* base, const char* version);
+
+/** Write fitting `tableRecord` as record `fileRecord` of an open fitting file; nothing without file or record. */
 PN10_EXPORT void PN10_CALL FilePutFdt(int16_t handle, int32_t tableRecord, int32_t fileRecord);
 PN10_EXPORT int32_t PN10_CALL SaveFac(const char* path, const char* title);
 

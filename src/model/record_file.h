@@ -203,8 +203,12 @@ int32_t ReadNdtRecord(FILE* ndtFile, int32_t fileRecord);
 int32_t WriteNdtRecord(FILE* ndtFile, int32_t fileRecord);
 void ReadPdtRecord(FILE* pdtFile, int32_t fileRecord);
 void WritePdtRecord(FILE* pdtFile, int32_t fileRecord);
+void ReadCdtRecord(FILE* cdtFile, int32_t fileRecord);
+int32_t WriteCdtRecord(FILE* cdtFile, int32_t fileRecord);
 /** Straight from the vertex table. */
 int32_t WriteVtxRecord(FILE* vtxFile, int32_t fileRecord, int32_t tableRecord);
+/** Appends a reference row at the place where the file stands; the row, or 0 when there is no such row. */
+int32_t WriteRdxRecord(FILE* rdxFile, int32_t row);
 
 }  // namespace pn10
 
