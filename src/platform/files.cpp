@@ -68,9 +68,9 @@ FileImage::Result FileImage::read(const char* path) {
   return kRead;
 }
 
-void rotateBackup(const char* path, const char* backup) {
+bool rotateBackup(const char* path, const char* backup) {
   std::remove(backup);
-  std::rename(path, backup);
+  return std::rename(path, backup) == 0 || !File(path, "rb");
 }
 
 }  // namespace pn10

@@ -48,8 +48,11 @@ struct FileImage {
   size_t size = 0;
 };
 
-/** Keeps one previous generation: removes `backup`, then renames `path` to it. A missing file is no error. */
-void rotateBackup(const char* path, const char* backup);
+/**
+ * Keeps one previous generation: removes `backup`, then renames `path` to it. A missing file is no error; false
+ * when the file is still there, so that writing would destroy its only copy.
+ */
+bool rotateBackup(const char* path, const char* backup);
 
 }  // namespace pn10
 
