@@ -1,0 +1,162 @@
+/**
+ * The pipe under a point: end nodes, straight segments, arcs and labels, the closest one wins.
+ *
+ * The scan walks the whole pipe table. A box around each piece, widened by more than the segment rule can reach
+ * beyond it, rejects nearly all of them before any bearing or root is taken, and never a candidate.
+ */
+#include <algorithm>
+
+#include "search/plane.h"
+
+using namespace pn10;
+
+namespace {
+
+constexpr float kQuarter = 1.5707963705062866f;
+
+/** `GetBrg` in single precision. */
+float bearing(PlanePoint from, PlanePoint to) { return static_cast<float>(GetBrg(from.x, from.y, to.x, to.y)); }
+
+/**
+ * Whether a point may lie within `best` of the segment by the rule of CalcSegDist. The rule reaches 1 percent of the
+ * length beyond either end, and its rounding far less than that again: 2 percent of the box cover both.
+ */
+bool mayBeWithin(PlanePoint p, PlanePoint a, PlanePoint b, double best) {
+  const double left = std::min(a.x, b.x), right = std::max(a.x, b.x);
+  const double bottom = std::min(a.y, b.y), top = std::max(a.y, b.y);
+  const double margin = best + 0.02 * ((right - left) + (top - bottom));
+  return p.x >= left - margin && p.x <= right + margin && p.y >= bottom - margin && p.y <= top + margin;
+}
+
+double segmentDistance(PlanePoint a, PlanePoint b, PlanePoint p) {
+  const double d = distance(a, p), length = distance(a, b);
+  if (d > length * 1.01) return kFarAway;
+  float angle = std::fabs(bearing(a, p) - bearing(a, b));
+  constexpr float kPi = 3.1415926535f, kTwoPi = 6.2831854820251465f;
+  if (angle > kPi) angle = kTwoPi - angle;
+  if (angle > kQuarter) {  // behind the first end
+    if (d / length > 0.01) return kFarAway;
+    angle = kQuarter;
+  }
+  return std::sin(static_cast<double>(angle)) * d;
+}
+
+/** The closest pipe so far: only what lies strictly nearer replaces it. */
+struct Hit {
+  PlanePoint point;
+  double best;
+  int32_t pipe = 0;
+
+  void take(double candidate, int32_t p) {
+    if (candidate < best) {
+      best = candidate;
+      pipe = p;
+    }
+  }
+  void takeSegment(PlanePoint a, PlanePoint b, int32_t p) {
+    if (mayBeWithin(point, a, b, best)) take(segmentDistance(a, b, point), p);
+  }
+  void takePoint(PlanePoint q, int32_t p) {
+    if (std::fabs(point.x - q.x) <= best && std::fabs(point.y - q.y) <= best) take(distance(point, q), p);
+  }
+};
+
+void takePolyline(Hit& hit, int32_t p, const PXY& screen, PlanePoint from, PlanePoint to) {
+  const VertexRun run = runOf(screen);
+  PlanePoint at = from;
+  for (int32_t v = run.first; v <= run.last; v++) {
+    const PlanePoint next = onPlane(model.vtx[v]);
+    hit.takeSegment(at, next, p);
+    at = next;
+  }
+  hit.takeSegment(at, to, p);
+}
+
+/** False when the pipe takes no further part: no circle, or the point lies in a direction that the arc leaves out. */
+bool takeArc(Hit& hit, int32_t p, const Pdt& pipe, const PXY& screen) {
+  const Ndt &from = nodeOrEmpty(pipe.FROM_NODE), &to = nodeOrEmpty(pipe.TO_NODE);
+  PlanePoint centre, mid;
+  double radius, angle;
+  float start, end, midZ;
+  if (CalcArcGeom(screen.LAST_VTX, pipe.VTX_MODE, 0, 0, from.X_COORD, from.Y_COORD, to.X_COORD, to.Y_COORD, &centre.x,
+                  &centre.y, &radius, &start, &end, &angle, &mid.x, &mid.y, &midZ) != 0) {
+    return false;
+  }
+  centre = onPlane(centre.x, centre.y, 0);
+  const float b = bearing(centre, hit.point);
+  const bool outside = start > end ? b > end && b < start : b < start || b > end;
+  if (outside) return false;
+  PlanePoint onCircle;
+  GetXY(centre.x, centre.y, b, radius, &onCircle.x, &onCircle.y);
+  hit.take(distance(hit.point, onCircle), p);
+  return true;
+}
+
+void takeLabel(Hit& hit, int32_t p, const Pdt& pipe) {
+  if (pipe.TEXT_X == 0 || pipe.TEXT_Y == 0) return;
+  const float z = drawState.IsoFlag ? GetPipeTextZ(p) : 0;
+  hit.takePoint(onPlane(pipe.TEXT_X, pipe.TEXT_Y, z), p);
+}
+
+}  // namespace
+
+double CalcSegDist(double x1, double y1, double x2, double y2, double px, double py) {
+  return segmentDistance({x1, y1}, {x2, y2}, {px, py});
+}
+
+int32_t FindPipeXY(double x, double y, float* distance, int16_t activeOnly, int16_t drawnOnly, int16_t withLabel,
+                   int32_t excludedNode) {
+  if (!distance) return 0;
+  Hit hit{{x, y}, *distance};
+  // A pipe without vertices stays between its end nodes, whatever its mode says, as long as slot 0 is empty.
+  const bool slot0Empty = model.vtxSlots < 1 || (model.vtx[0].VTX_X == 0 && model.vtx[0].VTX_Y == 0);
+  for (int32_t p = 1, top = pipeTop(); p <= top; p++) {
+    const Pdt& pipe = pipeOf(p);
+    const PXY& screen = screenOf(p);
+    const PlanePoint from = onPlane(nodeOrEmpty(pipe.FROM_NODE)), to = onPlane(nodeOrEmpty(pipe.TO_NODE));
+    const bool straight = slot0Empty && screen.FIRST_VTX == 0 && screen.LAST_VTX == 0;
+    if (straight && !withLabel && !mayBeWithin(hit.point, from, to, hit.best)) continue;
+    if (pipe.REC_STATUS < 0) continue;
+    if ((drawnOnly && screen.DRAWN == 0) || (activeOnly && screen.Active == 0)) continue;
+    if (excludedNode && (pipe.FROM_NODE == excludedNode || pipe.TO_NODE == excludedNode)) continue;
+
+    hit.takePoint(from, p);
+    hit.takePoint(to, p);
+    if (pipe.VTX_MODE == 0) {
+      hit.takeSegment(from, to, p);
+    } else if (pipe.VTX_MODE == 4) {
+      takePolyline(hit, p, screen, from, to);
+    } else if (pipe.VTX_MODE == 1 || pipe.VTX_MODE == 2) {
+      if (!takeArc(hit, p, pipe, screen)) continue;
+    }
+    if (withLabel) takeLabel(hit, p, pipe);
+  }
+  *distance = static_cast<float>(hit.best);
+  return hit.pipe;
+}
+
+int32_t FindPipeByLocation(double fromX, double fromY, float fromZ, double toX, double toY, float toZ,
+                           const double* vtxXs, const double* vtxYs, int32_t vtxCount, float tolerance) {
+  const auto near = [tolerance](const Ndt& node, double x, double y, float z) {
+    const double dx = node.X_COORD - x, dy = node.Y_COORD - y, dz = static_cast<double>(node.Z_COORD) - z;
+    return std::sqrt(dx * dx + dy * dy + dz * dz) <= tolerance;
+  };
+  const auto sameRun = [&](const PXY& screen) {
+    const VertexRun run = runOf(screen);
+    if (vtxCount == 0 || vtxCount != run.last - run.first + 1 || !vtxXs || !vtxYs) return false;
+    for (int32_t i = 0; i < vtxCount; i++) {
+      const Vtx& vertex = model.vtx[run.first + i];
+      if (!(::pn10::distance({vertex.VTX_X, vertex.VTX_Y}, {vtxXs[i], vtxYs[i]}) <= tolerance)) return false;
+    }
+    return true;
+  };
+  for (int32_t p = 1, top = pipeTop(); p <= top; p++) {
+    const Pdt& pipe = pipeOf(p);
+    if (!near(nodeOrEmpty(pipe.FROM_NODE), fromX, fromY, fromZ) || !near(nodeOrEmpty(pipe.TO_NODE), toX, toY, toZ))
+      continue;
+    if (pipe.REC_STATUS < 0) continue;
+    if (pipe.VTX_MODE <= 2) return p;
+    if (pipe.VTX_MODE == 4 && sameRun(screenOf(p))) return p;
+  }
+  return 0;
+}
