@@ -26,7 +26,7 @@ int32_t FindPipeByLinkID(const char* upperText, int32_t startPipe, int16_t parti
   trimmed[length] = 0;
   const TextMatch link(partial ? text : trimmed, length, partial != 0);
   return scanWrapped(startPipe, pipeTop(), [&](int32_t p) {
-    const Pdt& pipe = pipeOf(p);
+    const Pdt& pipe = pipeAt(p);
     return link.matches(pipe.LINK_ID, sizeof pipe.LINK_ID) && pipe.REC_STATUS >= 0;
   });
 }
@@ -34,7 +34,7 @@ int32_t FindPipeByLinkID(const char* upperText, int32_t startPipe, int16_t parti
 int32_t FindPipeByID(int32_t id) {
   const WaitCursor wait;
   for (int32_t p = 1, top = pipeTop(); p <= top; p++) {
-    if (pipeOf(p).ID == id && pipeOf(p).REC_STATUS >= 0) return p;
+    if (pipeAt(p).ID == id && pipeAt(p).REC_STATUS >= 0) return p;
   }
   return 0;
 }
@@ -43,11 +43,9 @@ int32_t FindPipeByNodeName(const char* nodeName1, const char* nodeName2) {
   const WaitCursor wait;
   const char* name1 = nodeName1 ? nodeName1 : "";
   const char* name2 = nodeName2 ? nodeName2 : "";
-  const auto carries = [](int32_t node, const char* name) {
-    return std::strcmp(nodeOrEmpty(node).NODENAME, name) == 0;
-  };
+  const auto carries = [](int32_t node, const char* name) { return std::strcmp(nodeAt(node).NODENAME, name) == 0; };
   for (int32_t p = 1, top = pipeTop(); p <= top; p++) {
-    const Pdt& pipe = pipeOf(p);
+    const Pdt& pipe = pipeAt(p);
     const bool joins = (carries(pipe.FROM_NODE, name1) && carries(pipe.TO_NODE, name2)) ||
                        (carries(pipe.FROM_NODE, name2) && carries(pipe.TO_NODE, name1));
     if (joins && pipe.REC_STATUS >= 0) return p;

@@ -1,6 +1,7 @@
 /** The pipe whose path comes nearest to a point by projection: what a customer is tapped to. */
 #include <algorithm>
 
+#include "geometry/angles.h"
 #include "model/wait_cursor.h"
 #include "search/plane.h"
 
@@ -8,7 +9,7 @@ using namespace pn10;
 
 namespace {
 
-constexpr double kPi = 3.1415926535, kTwoPi = 6.2831854820251465, kQuarter = 1.5707963705062866;
+constexpr double kQuarter = 1.5707963705062866;
 
 PlanePoint positionOf(const Ndt& node) { return {node.X_COORD, node.Y_COORD}; }
 PlanePoint positionOf(const Vtx& vertex) { return {vertex.VTX_X, vertex.VTX_Y}; }
@@ -24,7 +25,7 @@ PlanePoint projectOn(PlanePoint a, PlanePoint b, PlanePoint p) {
   const double d = distance(a, p), length = distance(a, b);
   const double direction = GetBrg(a.x, a.y, b.x, b.y);
   double angle = std::fabs(GetBrg(a.x, a.y, p.x, p.y) - direction);
-  if (angle > kPi) angle = kTwoPi - angle;
+  if (angle > PI) angle = TWO_PI - angle;
   if (angle > kQuarter) return a;
   const double along = std::cos(angle) * d;
   if (along > length) return b;
@@ -41,7 +42,7 @@ struct Arc {
 };
 
 bool arcOf(const Pdt& pipe, const PXY& screen, Arc* arc) {
-  const Ndt &from = nodeOrEmpty(pipe.FROM_NODE), &to = nodeOrEmpty(pipe.TO_NODE);
+  const Ndt &from = nodeAt(pipe.FROM_NODE), &to = nodeAt(pipe.TO_NODE);
   double angle;
   float midZ;
   return CalcArcGeom(screen.LAST_VTX, pipe.VTX_MODE, from.Z_COORD, to.Z_COORD, from.X_COORD, from.Y_COORD, to.X_COORD,
@@ -54,8 +55,8 @@ PlanePoint projectOnArc(const Arc& arc, PlanePoint from, PlanePoint to, PlanePoi
   if (arc.start <= arc.end) {
     if (b < arc.start) return to;
     if (b > arc.end) return from;
-  } else if ((b > arc.end && b < arc.start) || b > kTwoPi) {
-    const double half = (kTwoPi - arc.start + arc.end) * 0.5;
+  } else if ((b > arc.end && b < arc.start) || b > TWO_PI) {
+    const double half = (TWO_PI - arc.start + arc.end) * 0.5;
     return b <= arc.end + half ? to : from;
   }
   PlanePoint c;
@@ -98,10 +99,10 @@ int32_t FindPipeClosePno(double x, double y, float tolerance) {
   Nearest nearest{{x, y}, tolerance};
   const double boxGrowth = tolerance * 1.1;
   for (int32_t p = 1, top = pipeTop(); p <= top; p++) {
-    const Pdt& pipe = pipeOf(p);
-    const PXY& screen = screenOf(p);
+    const Pdt& pipe = pipeAt(p);
+    const PXY& screen = pipeScreenAt(p);
     if (!isTappable(pipe, screen)) continue;
-    const PlanePoint from = positionOf(nodeOrEmpty(pipe.FROM_NODE)), to = positionOf(nodeOrEmpty(pipe.TO_NODE));
+    const PlanePoint from = positionOf(nodeAt(pipe.FROM_NODE)), to = positionOf(nodeAt(pipe.TO_NODE));
     if (pipe.VTX_MODE == 0) {
       nearest.takePiece(from, to, p);
     } else if (pipe.VTX_MODE == 4) {
@@ -126,11 +127,11 @@ int32_t FindPipeCloseMid(double x, double y, float tolerance, double* midX, doub
   const WaitCursor wait;
   // Kept: only record 1 is looked at.
   if (!isPipe(1) || !midX || !midY || !midZ) return 0;
-  const Pdt& pipe = pipeOf(1);
-  const PXY& screen = screenOf(1);
+  const Pdt& pipe = pipeAt(1);
+  const PXY& screen = pipeScreenAt(1);
   if (!isTappable(pipe, screen)) return 0;
   const PlanePoint point = {x, y};
-  const PlanePoint from = positionOf(nodeOrEmpty(pipe.FROM_NODE)), to = positionOf(nodeOrEmpty(pipe.TO_NODE));
+  const PlanePoint from = positionOf(nodeAt(pipe.FROM_NODE)), to = positionOf(nodeAt(pipe.TO_NODE));
   const auto middle = [](PlanePoint a, PlanePoint b) { return PlanePoint{(a.x + b.x) * 0.5, (a.y + b.y) * 0.5}; };
   const auto within = [&](PlanePoint c) { return distance(point, c) <= tolerance; };
   const auto give = [&](PlanePoint c) {

@@ -6,12 +6,14 @@
  */
 #include <algorithm>
 
+#include "geometry/angles.h"
 #include "search/plane.h"
 
 using namespace pn10;
 
 namespace {
 
+/** Single-precision quarter circle: the widest angle in front of a segment. */
 constexpr float kQuarter = 1.5707963705062866f;
 
 /** `GetBrg` in single precision. */
@@ -32,8 +34,7 @@ double segmentDistance(PlanePoint a, PlanePoint b, PlanePoint p) {
   const double d = distance(a, p), length = distance(a, b);
   if (d > length * 1.01) return kFarAway;
   float angle = std::fabs(bearing(a, p) - bearing(a, b));
-  constexpr float kPi = 3.1415926535f, kTwoPi = 6.2831854820251465f;
-  if (angle > kPi) angle = kTwoPi - angle;
+  if (angle > PI) angle = static_cast<float>(TWO_PI) - angle;
   if (angle > kQuarter) {  // behind the first end
     if (d / length > 0.01) return kFarAway;
     angle = kQuarter;
@@ -74,7 +75,7 @@ void takePolyline(Hit& hit, int32_t p, const PXY& screen, PlanePoint from, Plane
 
 /** False when the pipe takes no further part: no circle, or the point lies in a direction that the arc leaves out. */
 bool takeArc(Hit& hit, int32_t p, const Pdt& pipe, const PXY& screen) {
-  const Ndt &from = nodeOrEmpty(pipe.FROM_NODE), &to = nodeOrEmpty(pipe.TO_NODE);
+  const Ndt &from = nodeAt(pipe.FROM_NODE), &to = nodeAt(pipe.TO_NODE);
   PlanePoint centre, mid;
   double radius, angle;
   float start, end, midZ;
@@ -111,9 +112,9 @@ int32_t FindPipeXY(double x, double y, float* distance, int16_t activeOnly, int1
   // A pipe without vertices stays between its end nodes, whatever its mode says, as long as slot 0 is empty.
   const bool slot0Empty = model.vtxSlots < 1 || (model.vtx[0].VTX_X == 0 && model.vtx[0].VTX_Y == 0);
   for (int32_t p = 1, top = pipeTop(); p <= top; p++) {
-    const Pdt& pipe = pipeOf(p);
-    const PXY& screen = screenOf(p);
-    const PlanePoint from = onPlane(nodeOrEmpty(pipe.FROM_NODE)), to = onPlane(nodeOrEmpty(pipe.TO_NODE));
+    const Pdt& pipe = pipeAt(p);
+    const PXY& screen = pipeScreenAt(p);
+    const PlanePoint from = onPlane(nodeAt(pipe.FROM_NODE)), to = onPlane(nodeAt(pipe.TO_NODE));
     const bool straight = slot0Empty && screen.FIRST_VTX == 0 && screen.LAST_VTX == 0;
     if (straight && !withLabel && !mayBeWithin(hit.point, from, to, hit.best)) continue;
     if (pipe.REC_STATUS < 0) continue;
@@ -151,12 +152,11 @@ int32_t FindPipeByLocation(double fromX, double fromY, float fromZ, double toX, 
     return true;
   };
   for (int32_t p = 1, top = pipeTop(); p <= top; p++) {
-    const Pdt& pipe = pipeOf(p);
-    if (!near(nodeOrEmpty(pipe.FROM_NODE), fromX, fromY, fromZ) || !near(nodeOrEmpty(pipe.TO_NODE), toX, toY, toZ))
-      continue;
+    const Pdt& pipe = pipeAt(p);
+    if (!near(nodeAt(pipe.FROM_NODE), fromX, fromY, fromZ) || !near(nodeAt(pipe.TO_NODE), toX, toY, toZ)) continue;
     if (pipe.REC_STATUS < 0) continue;
     if (pipe.VTX_MODE <= 2) return p;
-    if (pipe.VTX_MODE == 4 && sameRun(screenOf(p))) return p;
+    if (pipe.VTX_MODE == 4 && sameRun(pipeScreenAt(p))) return p;
   }
   return 0;
 }

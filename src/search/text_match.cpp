@@ -17,12 +17,12 @@ TextMatch::TextMatch(const char* text, int32_t length, bool partial)
       partial_(partial) {}
 
 bool TextMatch::compare(const char* field, int32_t width) const {
-  char upper[kLongestField + 1];
+  char name[kLongestField + 1];
   const int32_t n = trimmedLength(field, width < kLongestField ? width : kLongestField);
-  for (int32_t i = 0; i < n; i++) upper[i] = upperAscii(field[i]);
-  upper[n] = 0;
-  if (!partial_) return n == length_ && upper[0] == first_ && std::strncmp(upper, text_, static_cast<size_t>(n)) == 0;
-  return n >= length_ && stored_ <= n && std::strstr(upper, text_) != nullptr;
+  for (int32_t i = 0; i < n; i++) name[i] = upper(field[i]);
+  name[n] = 0;
+  if (!partial_) return n == length_ && name[0] == first_ && std::strncmp(name, text_, static_cast<size_t>(n)) == 0;
+  return n >= length_ && stored_ <= n && std::strstr(name, text_) != nullptr;
 }
 
 }  // namespace pn10

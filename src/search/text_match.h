@@ -10,16 +10,15 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace pn10 {
+#include "fields/text.h"
 
-constexpr char upperAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-constexpr bool isSpaceAscii(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+namespace pn10 {
 
 /** Length of a field of at most `width` bytes without the white space at its end. */
 constexpr int32_t trimmedLength(const char* field, int32_t width) {
   int32_t n = 0;
   while (n < width && field[n]) n++;
-  while (n > 0 && isSpaceAscii(field[n - 1])) n--;
+  while (n > 0 && isSpace(field[n - 1])) n--;
   return n;
 }
 
@@ -32,7 +31,7 @@ class TextMatch {
   /** Whether a field of at most `width` bytes equals the text, or holds it when partial. */
   bool matches(const char* field, int32_t width) const {
     // Nearly every record of a scan fails on its first character.
-    if (!partial_ && upperAscii(field[0]) != first_ && !isSpaceAscii(field[0])) return false;
+    if (!partial_ && upper(field[0]) != first_ && !isSpace(field[0])) return false;
     return compare(field, width);
   }
 
