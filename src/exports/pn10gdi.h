@@ -671,17 +671,293 @@ PN10_EXPORT int32_t PN10_CALL ReadCdt(const char* base, int16_t noFile);
 PN10_EXPORT int32_t PN10_CALL ReadFtg(const char* base, int16_t append, int32_t idOffset, const char* version);
 
 /* ------------------------------------------------------------------------------------------------
+ * Numbers of the fields
+ *
+ * Each with its access (R GetXxxVal, W SetXxxVal), its type and its unit; "text 41" is a text of at most
+ * 40 characters and its terminator.
+ * ---------------------------------------------------------------------------------------------- */
+
+/** Node fields, for GetNdtVal and SetNdtVal. */
+typedef enum NdtField {
+  NDT_NODENAME = 301,      /* RW text 41 */
+  NDT_PRESSURE = 302,      /* RW float, in P_UNITS */
+  NDT_P_KNOWN = 303,       /* RW uint8, 0 = known */
+  NDT_P_UNITS = 304,       /* RW text 11 */
+  NDT_QB_LOAD = 305,       /* RW float, in Q_UNITS */
+  NDT_QB_KNOWN = 306,      /* RW int16, low byte stored, 0 = known */
+  NDT_QB_DF = 307,         /* RW int16, low byte stored */
+  NDT_QB_STATUS = 308,     /* RW int16, low byte stored, 0 = on */
+  NDT_Q_UNITS = 309,       /* RW text 11 */
+  NDT_QX_LOAD = 310,       /* RW float, in base flow units */
+  NDT_QX_DF = 311,         /* RW uint8 */
+  NDT_QX_STATUS = 312,     /* RW uint8, 0 = on */
+  NDT_Z_COORD = 313,       /* RW float */
+  NDT_T = 314,             /* RW float, in the temperature units of SetBaseCond */
+  NDT_T_KNOWN = 315,       /* RW uint8, 0 = known */
+  NDT_PATM = 316,          /* RW float, in the pressure units of SetBaseCond */
+  NDT_VISCOSITY = 317,     /* RW float */
+  NDT_SG = 318,            /* RW float, negative = gas properties not known */
+  NDT_SH_RATIO = 319,      /* RW float */
+  NDT_HV = 320,            /* RW float */
+  NDT_X_COORD = 321,       /* RW double */
+  NDT_Y_COORD = 322,       /* RW double */
+  NDT_TEXT_X = 323,        /* RW double */
+  NDT_TEXT_Y = 324,        /* RW double */
+  NDT_TEXT_ANGLE = 325,    /* RW float, radians */
+  NDT_LABEL_ON = 326,      /* RW int16 */
+  NDT_COLOR = 328,         /* RW int32 */
+  NDT_SYM_SIZE = 329,      /* RW float */
+  NDT_SYMBOL = 330,        /* RW int16 */
+  NDT_HAS_RDX = 331,       /* RW uint8 */
+  NDT_REC_STATUS = 332,    /* RW int16, -1 = deleted */
+  NDT_GAS_KNOWN = 333,     /* R 1.0 when SG is above 0, else 0.0 */
+  NDT_QX_FIXED = 341,      /* RW float, in base flow units */
+  NDT_ELEV = 345,          /* RW float, in the elevation units of SetGlobalUnits */
+  NDT_HOST_BYTE_346 = 346, /* RW uint8 */
+  NDT_HOST_BYTE_348 = 348, /* RW uint8 */
+  NDT_PIPES = 350,         /* R live pipes at the node, counted up to 6 */
+  NDT_REC_DATE = 359,      /* R text YYYY-MM-DD; W exactly nine bytes YYYYMMDD, no date stamp */
+  NDT_HYD_STATUS = 360,    /* RW uint8, 0 = on */
+  NDT_P_FACTOR = 362,      /* RW float */
+  NDT_Q_FACTOR = 363,      /* RW float */
+  NDT_BASE_PRESSURE = 364, /* R magnitude of P_FACTOR x PRESSURE, psi */
+  NDT_BASE_LOAD = 365,     /* R Q_FACTOR x QB_LOAD, cubic feet per hour */
+  NDT_RANKINE = 366,       /* R absolute temperature, Rankine */
+  NDT_FLAG_TYPE = 367,     /* RW int16 */
+  NDT_COUNT = 368,         /* RW node count, of the table, no date stamp */
+  NDT_LAST_ID = 369,       /* RW last node id, of the table, no date stamp */
+  NDT_LAST_NAME = 370,     /* RW last node-name number, of the table, no date stamp */
+  NDT_HYD_TYPE = 371,      /* RW uint8 */
+  NDT_LIVE_COUNT = 372,    /* R nodes that are not deleted, of the table */
+  NDT_BALANCE = 375,       /* R magnitude of what flows in and out, in Q_UNITS; -1.0 with a load switched off */
+  NDT_HILITE_DRAWN = 376,  /* RW uint8, of the screen record */
+  NDT_ID = 377,            /* RW int32 */
+  NDT_CMP_VALUE = 380,     /* RW float */
+  NDT_CMP_MODE = 381,      /* RW uint8 */
+  NDT_CMP_DIFF = 382,      /* R computed minus measured */
+  NDT_CMP_PERCENT = 383,   /* R the same in percent */
+  NDT_AUX = 384,           /* R int16, facility flag of the screen record */
+  NDT_HOST_BYTE_385 = 385, /* RW uint8 */
+  NDT_STRIDE = 397         /* R 220.0, bytes of a record in the .ndt file */
+} NdtField;
+
+/** Pipe fields, for GetPdtVal and SetPdtVal. */
+typedef enum PdtField {
+  PDT_ID = 1,              /* RW int32 */
+  PDT_FROM_NAME = 2,       /* R text 41, NODENAME of the From node */
+  PDT_TO_NAME = 3,         /* R text 41, NODENAME of the To node */
+  PDT_HYD_TYPE = 4,        /* RW uint8 */
+  PDT_EQUATION = 5,        /* RW int16 */
+  PDT_STATUS = 6,          /* RW uint8, 0 = on */
+  PDT_SIZE_TYPE = 7,       /* RW text 21 */
+  PDT_SIZE_FLAG = 8,       /* RW uint8 */
+  PDT_LENGTH = 9,          /* RW float, in L_UNITS */
+  PDT_L_UNITS = 10,        /* RW text 11 */
+  PDT_EFFICIENCY = 11,     /* RW float */
+  PDT_FLOW = 12,           /* RW float, in Q_UNITS */
+  PDT_Q_UNITS = 13,        /* RW text 11 */
+  PDT_DP = 14,             /* RW float, in DP_UNITS */
+  PDT_DP_UNITS = 15,       /* RW text 11 */
+  PDT_Z_FACTOR = 16,       /* RW float */
+  PDT_FACILITY = 17,       /* RW int16 */
+  PDT_FTG_COUNT = 18,      /* RW uint8 */
+  PDT_FTG_EQ_LENGTH = 19,  /* RW float */
+  PDT_CUST_COUNT = 22,     /* RW int16 */
+  PDT_TEXT_X = 23,         /* RW double */
+  PDT_TEXT_Y = 24,         /* RW double */
+  PDT_TEXT_ANGLE = 25,     /* RW float, radians */
+  PDT_LABEL_ON = 26,       /* RW int16 */
+  PDT_COLOR = 27,          /* RW int32 */
+  PDT_VTX_MODE = 28,       /* RW uint8 */
+  PDT_LINE_WIDTH = 29,     /* RW int16 */
+  PDT_LINE_TYPE = 30,      /* RW int16, low byte stored */
+  PDT_REC_STATUS = 32,     /* RW int16, -1 = deleted */
+  PDT_VELOCITY = 33,       /* RW float, feet per second */
+  PDT_HOST_SHORT_34 = 34,  /* RW int16 */
+  PDT_INSIDE_D = 35,       /* R inside diameter in DR_UNITS, from the lookup or the size text */
+  PDT_ROUGHNESS = 38,      /* R from the lookup, else ROUGHNESS; W float, ROUGHNESS */
+  PDT_VOLUME = 39,         /* R line pack at base conditions, cubic feet */
+  PDT_PAVE_ABS = 40,       /* R average pressure, absolute, psi */
+  PDT_LINK_ID = 43,        /* RW text 21 */
+  PDT_DR_UNITS = 49,       /* RW text 11 */
+  PDT_P_IN = 50,           /* R PRESSURE of the inlet node, in its units */
+  PDT_P_OUT = 51,          /* R PRESSURE of the outlet node, in its units */
+  PDT_HOST_BYTE_58 = 58,   /* RW uint8 */
+  PDT_TO_X = 59,           /* R X_COORD of the To node */
+  PDT_TO_Y = 60,           /* R Y_COORD of the To node */
+  PDT_FROM_X = 61,         /* R X_COORD of the From node */
+  PDT_FROM_Y = 62,         /* R Y_COORD of the From node */
+  PDT_TOTAL_EFF = 63,      /* R EFFICIENCY x the multiplier of the lookup row */
+  PDT_REYNOLDSNO = 65,     /* RW float */
+  PDT_HOOP_STRESS = 68,    /* R hoop stress, psi */
+  PDT_YIELD = 69,          /* R yield strength of the lookup row in DP_UNITS */
+  PDT_STRESS_RATIO = 70,   /* R hoop stress as a fraction of the yield strength */
+  PDT_MAOP = 76,           /* RW float */
+  PDT_FROM_NODE = 81,      /* RW int32 */
+  PDT_TO_NODE = 82,        /* RW int32 */
+  PDT_GROUP_ID = 83,       /* RW int32 */
+  PDT_GROUP_TYPE = 84,     /* RW int16 */
+  PDT_REC_DATE = 87,       /* R text YYYY-MM-DD; W exactly nine bytes YYYYMMDD, no date stamp */
+  PDT_D_FACTOR = 92,       /* RW float */
+  PDT_BASE_D = 93,         /* R inside diameter, inches */
+  PDT_L_FACTOR = 94,       /* RW float */
+  PDT_BASE_LENGTH = 95,    /* R L_FACTOR x LENGTH, feet */
+  PDT_DP_FACTOR = 96,      /* RW float */
+  PDT_Q_FACTOR = 97,       /* RW float */
+  PDT_BASE_FLOW = 98,      /* R Q_FACTOR x FLOW, cubic feet per hour */
+  PDT_FLAG_BYTE = 99,      /* RW uint8 */
+  PDT_COUNT = 100,         /* RW pipe count, of the table, no date stamp */
+  PDT_LAST_ID = 101,       /* RW last pipe id, of the table, no date stamp */
+  PDT_CLEAR_CALC = 102,    /* W clears the reserved block, VTX_FIRST, VTX_LAST and ROUGHNESS */
+  PDT_MEAN_RANKINE = 103,  /* R mean absolute temperature of both nodes, Rankine */
+  PDT_LOOKUP_ROW = 104,    /* R row of SIZE_TYPE in the lookup of HYD_TYPE, -1.0 when there is none */
+  PDT_VOL_UNITS = 105,     /* R factor from cubic feet, and the volume unit as text, 5 bytes */
+  PDT_FIRST_VTX = 106,     /* RW int32, of the screen record */
+  PDT_LAST_VTX = 107,      /* RW int32, of the screen record */
+  PDT_STRIDE = 108,        /* R 280.0, bytes of a record in the .pdt file */
+  PDT_XY_LENGTH = 119,     /* R float, length of the screen record; W computes it anew, value = use Z */
+  PDT_STRAIGHT = 120,      /* R distance between the two nodes, map units */
+  PDT_REGULATORS = 126,    /* R pipes of type 1, deleted ones too, of the table */
+  PDT_XY_COLOR = 127,      /* W int32, colour of the screen record */
+  PDT_HILITE_DRAWN = 128,  /* RW uint8, of the screen record */
+  PDT_PAVE = 130,          /* R average pressure, gauge, psi */
+  PDT_P_IN_PIPE = 131,     /* R inlet pressure in DP_UNITS */
+  PDT_P_OUT_PIPE = 132,    /* R outlet pressure in DP_UNITS */
+  PDT_EQ_NAME = 133,       /* R EQUATION, and its name as text, 19 bytes; no text for other codes */
+  PDT_CLEAR_FLOW = 134,    /* W clears FLOW, DP, VELOCITY and host byte 154 */
+  PDT_TO_Z = 136,          /* R Z_COORD of the To node */
+  PDT_FROM_Z = 137,        /* R Z_COORD of the From node */
+  PDT_VTX_FIRST = 139,     /* R int32, on file */
+  PDT_VTX_LAST = 140,      /* R int32, on file */
+  PDT_VTX_Z = 153,         /* W Z of all vertices from VTX_FIRST to VTX_LAST */
+  PDT_HOST_BYTE_154 = 154, /* RW uint8 */
+  PDT_CMP_VALUE = 156,     /* RW double */
+  PDT_CMP_MODE = 157,      /* RW uint8 */
+  PDT_CMP_DIFF = 158,      /* R computed minus measured */
+  PDT_CMP_PERCENT = 159    /* R the same in percent */
+} PdtField;
+
+/** Customer fields, for GetCdtVal and SetCdtVal. */
+typedef enum CdtField {
+  CDT_ID = 401,             /* RW int32 */
+  CDT_PIPE_LINK_ID = 402,   /* R text 21, LINK_ID of its pipe; the result is -1.0 */
+  CDT_NODE_ASGN = 403,      /* RW int16 */
+  CDT_UNIT_LOAD = 404,      /* RW float, in LOAD_UNITS */
+  CDT_LOAD_UNITS = 405,     /* RW text 11 */
+  CDT_X_COORD = 406,        /* RW double */
+  CDT_Y_COORD = 407,        /* RW double */
+  CDT_COLOR = 408,          /* RW int32 */
+  CDT_HOST_SHORT_409 = 409, /* RW int16, symbol size */
+  CDT_HOST_SHORT_410 = 410, /* RW int16, symbol number */
+  CDT_HOST_SHORT_411 = 411, /* RW int16, label switch */
+  CDT_TEXT_X = 412,         /* RW double */
+  CDT_TEXT_Y = 413,         /* RW double */
+  CDT_TEXT_ANGLE = 414,     /* RW float, radians */
+  CDT_SX_COORD = 416,       /* RW double */
+  CDT_SY_COORD = 417,       /* RW double */
+  CDT_VTX_MODE = 418,       /* RW int16 */
+  CDT_LINK_FLAG = 419,      /* RW int16 */
+  CDT_LINK_CUST = 420,      /* RW int32, an ID */
+  CDT_COUNT = 421,          /* RW int16 */
+  CDT_LINK_ID = 422,        /* RW text 41; the read copies no terminator */
+  CDT_HOST_SHORT_425 = 425, /* RW int16 */
+  CDT_LOAD_MULT = 426,      /* RW float */
+  CDT_LOAD_DF = 427,        /* RW int16 */
+  CDT_HOST_SHORT_431 = 431, /* RW int16 */
+  CDT_PIPE_REC = 433,       /* RW int32 */
+  CDT_Z_COORD = 435,        /* RW float */
+  CDT_HOST_SHORT_436 = 436, /* RW int16 */
+  CDT_HOST_SHORT_437 = 437, /* RW int16 */
+  CDT_REC_DATE = 442,       /* R text YYYY-MM-DD; W exactly nine bytes YYYYMMDD, no date stamp */
+  CDT_REC_STATUS = 443,     /* RW int16, -1 = deleted */
+  CDT_LOAD_FACTOR = 444,    /* RW float */
+  CDT_BASE_LOAD = 445,      /* R LOAD_FACTOR x UNIT_LOAD, cubic feet per hour */
+  CDT_FLAG_BYTE = 446,      /* RW uint8 */
+  CDT_LAST_ID = 447,        /* RW last customer id, of the table, no date stamp */
+  CDT_TABLE_COUNT = 448,    /* RW customer count, of the table, no date stamp */
+  CDT_CLEAR_CALC = 449,     /* W clears the reserved value and host short 436 */
+  CDT_LIVE_COUNT = 450,     /* R customers that are not deleted, of the table */
+  CDT_FIRST_VTX = 451,      /* RW int32, of the screen record */
+  CDT_LAST_VTX = 452,       /* RW int32, of the screen record */
+  CDT_TOTAL_TEXT = 454,     /* R load of all units and LOAD_UNITS as text; the result is the load of one unit */
+  CDT_UNIT_TEXT = 456,      /* R load of one unit and LOAD_UNITS as text, and the same load */
+  CDT_HILITE_DRAWN = 458,   /* RW uint8, of the screen record */
+  CDT_XY_COLOR = 459,       /* R int32, colour of the screen record */
+  CDT_LINK_REC = 460,       /* R record of the linked customer, 0 without */
+  CDT_HOST_BYTE_464 = 464,  /* RW uint8 */
+  CDT_STRIDE = 497          /* R 214.0, bytes of a record in the .cdt file */
+} CdtField;
+
+/** Fitting fields, for GetFdtVal and SetFdtVal. */
+typedef enum FdtField {
+  FDT_FTG_NAME = 901,    /* RW text 21 */
+  FDT_FTG_NUM = 902,     /* RW int16 */
+  FDT_FTG_PIPE_ID = 903, /* RW int32 */
+  FDT_FTG_FLAG = 904,    /* RW int16 */
+  FDT_FTG_EQL = 905,     /* RW float */
+  FDT_STRIDE = 906,      /* R 32.0, bytes of a record in the .fdt file */
+  FDT_COUNT = 907        /* RW fitting count, of the table */
+} FdtField;
+
+/* ------------------------------------------------------------------------------------------------
  * Numbered fields
  *
  * The getters return a 64-bit float and copy a text field to text; the setters truncate toward zero
  * for integer members and keep the low eight bits for byte members.
  * ---------------------------------------------------------------------------------------------- */
 
+/**
+ * Read one numbered field of a node.
+ *
+ * A number comes back widened to double; a text field is copied to `text` and the result is 1.0.
+ * @param node   record number, 0 to the node count; record 0 serves the fields of the table
+ * @param text   receives a text field, 41 bytes suffice; not touched by a numeric field
+ * @param field  one of NdtField, 301 to 397
+ * @return the value in the record's own unit (PRESSURE in P_UNITS, not converted); -1.0 when node is out of
+ *         range, silently, or when the field is unknown, after the message "getndt <field>"
+ */
 PN10_EXPORT double PN10_CALL GetNdtVal(int32_t node, char* text, int16_t field);
+
+/**
+ * Store one numbered field of a node; numbers take `value`, texts take `text`, the other one is ignored.
+ *
+ * Integers truncate toward zero, bytes keep the low eight bits, texts are cut at the width of the member. Then,
+ * for a record with a positive REC_STATUS, REC_DATE becomes today's date, except after fields 359, 368, 369 and
+ * 370. A record that the table does not have is left alone. An unknown field shows "setndt <field>".
+ */
 PN10_EXPORT void PN10_CALL SetNdtVal(int32_t node, int16_t field, const char* text, double value);
+
+/**
+ * Read one numbered field of a pipe, by the rules of GetNdtVal; the field is one of PdtField, 1 to 159.
+ *
+ * Diameters, roughness, efficiency and strengths come from the lookup row of SIZE_TYPE, pressures and temperatures
+ * from the two nodes; nothing is kept between calls. An unknown field shows "getpdt <field>".
+ * @param text  receives a text field; 41 bytes suffice
+ */
 PN10_EXPORT double PN10_CALL GetPdtVal(int32_t pipe, char* text, int16_t field);
+
+/**
+ * Store one numbered field of a pipe, by the rules of SetNdtVal; fields 87, 100 and 101 leave REC_DATE alone.
+ *
+ * Fields 102, 119, 134 and 153 act instead of storing. An unknown field shows "setpdt <field>".
+ */
 PN10_EXPORT void PN10_CALL SetPdtVal(int32_t pipe, int16_t field, const char* text, double value);
+
+/**
+ * Read one numbered field of a customer, by the rules of GetNdtVal; the field is one of CdtField, 401 to 497.
+ *
+ * Field 402 returns -1.0 although it copies a text, and field 422 copies its text without the terminator, so that
+ * the caller passes a cleared buffer. The result is -1.0 also for a record that the table does not have.
+ * An unknown field shows "getcdt <field>".
+ * @param text  receives a text field; 41 bytes suffice, and for fields 454 and 456 the room of their number more
+ */
 PN10_EXPORT double PN10_CALL GetCdtVal(int32_t cust, char* text, int16_t field);
+
+/**
+ * Store one numbered field of a customer, by the rules of SetNdtVal; fields 442, 447 and 448 leave REC_DATE alone.
+ *
+ * Field 449 acts instead of storing. An unknown field shows "setcdt <field>".
+ */
 PN10_EXPORT void PN10_CALL SetCdtVal(int32_t cust, int16_t field, const char* text, double value);
 
 /** Fields of a fitting. */
@@ -717,11 +993,44 @@ PN10_EXPORT void PN10_CALL SetFdtVal(int32_t ftg, int16_t field, const char* tex
  * Computed values of nodes, pipes and customers
  * ---------------------------------------------------------------------------------------------- */
 
+/**
+ * Base load of a node in Q_UNITS: 0 when the node is off, times the load factor of SetDrawVars when the load is
+ * known and QB_DF is set. A QB_LOAD that is not a number becomes 0 in the record. 0.0 for a bad record number.
+ */
 PN10_EXPORT double PN10_CALL CalcNodeQBase(int32_t node);
+
+/**
+ * External load of a node: QX_LOAD, times the load factor when QX_DF is set, plus QX_FIXED, or 0 when it is off;
+ * divided by Q_FACTOR, which is not guarded against 0. 0.0 for a bad record number.
+ */
 PN10_EXPORT double PN10_CALL CalcNodeQExt(int32_t node);
+
+/** Pipe ends at a node, of the pipes that are not deleted: a pipe that loops back counts twice. Wait cursor. */
 PN10_EXPORT int32_t PN10_CALL GetPipeCount(int32_t node);
+
+/**
+ * The first six pipe ends at a node, in the order of the records. Wait cursor.
+ *
+ * All four lists have 7 elements; pipes[0] receives the count, slots 1 to 6 the entries. The point of an entry is
+ * the way in which the pipe leaves the node: the vertex beside that end for a pipe with a vertex run (VTX_MODE 4),
+ * else the node at its other end.
+ */
 PN10_EXPORT void PN10_CALL PipeConnects(int32_t node, int32_t* pipes, double* xs, double* ys, float* zs);
+
+/**
+ * The first other node that has this name, or 0: length and case count, and so do deleted nodes, whose names stay
+ * taken until the next save.
+ * @param node  record to leave out; 0 for a new name
+ */
 PN10_EXPORT int32_t PN10_CALL CkNodeName(int32_t node, const char* name);
+
+/**
+ * Line pack of a pipe at base conditions, cubic feet, by the law of real gases: the volume of the pipe times P / Pb,
+ * Tb / T and 1 / Z, with the average absolute pressure (field 40), the mean temperature (field 103) and the inside
+ * diameter in inches (field 93). 0 when Z_FACTOR or the temperature is 0, or for a bad record number.
+ * @param baseT  base temperature, Rankine; 0 acts as 1
+ * @param baseP  base pressure, psi absolute; 0 acts as 1
+ */
 PN10_EXPORT double PN10_CALL CalcVolPno(int32_t pipe, float baseT, float baseP);
 
 /**
@@ -765,11 +1074,33 @@ PN10_EXPORT float PN10_CALL CalcPave(float absPressureA, float absPressureB);
  * Units, number formats, text helpers
  * ---------------------------------------------------------------------------------------------- */
 
+/**
+ * Factor from a unit to the base unit of its family: feet, inches, psi, cubic feet per hour, Btu per cubic foot.
+ *
+ * @param unitName      name in the user's words, any case; its first 11 characters count
+ * @param heatingValue  divides the factors of power units among the flows, else ignored
+ * @param family        key of the family: "LUS" length, "DUS" diameter, "E" efficiency, "PUS" pressure, "Q" flow,
+ *                      "T" temperature code, "FUEL", "VIS", "VEL", "HV"
+ * @return the factor; 1.0 for a unit outside the family (3.0 for T, 0.0 for FUEL), 0.0 for another family
+ */
 PN10_EXPORT float PN10_CALL GetUnitFactor(const char* unitName, float heatingValue, const char* family);
+
+/** Absolute temperature in Rankine of `t` in the temperature units of SetBaseCond. */
 PN10_EXPORT double PN10_CALL CalcRankine(float t);
+
+/**
+ * Writes a printf format with the decimals of entry `index` (0 to 31) of the digit table, as "%0.2f"; "%0.0f"
+ * for an entry of 0, outside the table, or before the host passed one. The buffer needs 16 bytes.
+ */
 PN10_EXPORT void PN10_CALL GetNumFormat(int16_t index, char* buffer);
+
+/** Upper-cases the letters A to Z in place; returns the length. */
 PN10_EXPORT int32_t PN10_CALL StrUpper(char* text);
+
+/** Removes white space at the end, in place. */
 PN10_EXPORT void PN10_CALL TrimRight(char* text);
+
+/** The same on a field of exactly 20 bytes, terminated within its 21. */
 PN10_EXPORT void PN10_CALL TrimRight20(char* text20);
 
 /* ------------------------------------------------------------------------------------------------
@@ -850,6 +1181,8 @@ PN10_EXPORT int32_t PN10_CALL FindPipeClosePno(double x, double y, float toleran
 PN10_EXPORT int32_t PN10_CALL FindPipeCloseMid(double x, double y, float tolerance, double* midX, double* midY,
                                                float* midZ);
 PN10_EXPORT double PN10_CALL CalcSegDist(double x1, double y1, double x2, double y2, double px, double py);
+
+/** The first customer, not deleted, with this ID, or 0. Wait cursor. */
 PN10_EXPORT int32_t PN10_CALL FindCustByID(int32_t id);
 
 /* ------------------------------------------------------------------------------------------------
