@@ -890,13 +890,13 @@ typedef enum CdtField {
 
 /** Fitting fields, for GetFdtVal and SetFdtVal. */
 typedef enum FdtField {
-  FDT_FTG_NAME = 901,    /* RW text 21 */
-  FDT_FTG_NUM = 902,     /* RW int16 */
-  FDT_FTG_PIPE_ID = 903, /* RW int32 */
-  FDT_FTG_FLAG = 904,    /* RW int16 */
-  FDT_FTG_EQL = 905,     /* RW float */
-  FDT_STRIDE = 906,      /* R 32.0, bytes of a record in the .fdt file */
-  FDT_COUNT = 907        /* RW fitting count, of the table */
+  FDT_NAME = 901,    /* RW text  FTG_NAME, 20 characters */
+  FDT_NUM = 902,     /* RW int16 FTG_NUM */
+  FDT_PIPE_ID = 903, /* RW int32 FTG_PIPE_ID, 0 = unused record */
+  FDT_FLAG = 904,    /* RW int16 FTG_FLAG */
+  FDT_EQL = 905,     /* RW float FTG_EQL, feet */
+  FDT_STRIDE = 906,  /* R  32.0, bytes of a record on file */
+  FDT_COUNT = 907    /* RW int32 fitting count, of the table */
 } FdtField;
 
 /* ------------------------------------------------------------------------------------------------
@@ -959,17 +959,6 @@ PN10_EXPORT double PN10_CALL GetCdtVal(int32_t cust, char* text, int16_t field);
  * Field 449 acts instead of storing. An unknown field shows "setcdt <field>".
  */
 PN10_EXPORT void PN10_CALL SetCdtVal(int32_t cust, int16_t field, const char* text, double value);
-
-/** Fields of a fitting. */
-enum FdtField {
-  FDT_NAME = 901,    /* RW text  FTG_NAME, 20 characters */
-  FDT_NUM = 902,     /* RW int16 FTG_NUM */
-  FDT_PIPE_ID = 903, /* RW int32 FTG_PIPE_ID, 0 = unused record */
-  FDT_FLAG = 904,    /* RW int16 FTG_FLAG */
-  FDT_EQL = 905,     /* RW float FTG_EQL, feet */
-  FDT_STRIDE = 906,  /* R  32.0, bytes of a record on file */
-  FDT_COUNT = 907    /* RW int32 fitting count, of the table */
-};
 
 /**
  * Read one numbered field of a fitting.
