@@ -20,17 +20,8 @@ struct Lut {
   int32_t count;
 };
 
-/** The sorted keys of the pipe sizes, with the quarter positions and the keys that stood there at load. */
-struct PLutIndex {
-  PLutIdx* entries; /* 1 to the count of the sizes, sorted by key */
-  int32_t quarter[3];
-  char pivot[3][42];
-  bool shared; /* the host holds the address and may write: the order is no longer sure */
-};
-
 struct Lookups {
   Lut<PLut> plut; /* its count is the number of rows */
-  PLutIndex index;
   Lut<FLut> flut; /* the counts of the other five are one above their last filled row */
   Lut<RLut> rlut;
   Lut<VLut> vlut;

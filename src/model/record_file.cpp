@@ -8,15 +8,18 @@ namespace pn10 {
 
 namespace {
 
-/** Takes up to `width` bytes or a line feed; nothing at the end of the file, where the text stays as it is. */
-void readText(ByteSpan& from, size_t width, uint8_t* to) {
-  size_t taken = from.left < width ? from.left : width;
+/** Takes up to the width or a line feed; nothing at the end of the file, where the text stays as it is. */
+void readText(const Column& column, ByteSpan& from, uint8_t* to) {
+  size_t taken = from.left < column.width ? from.left : column.width;
   if (taken == 0) return;
   if (const void* feed = std::memchr(from.next, '\n', taken)) {
     taken = static_cast<size_t>(static_cast<const uint8_t*>(feed) - from.next) + 1;
   }
-  std::memcpy(to, from.next, taken);
-  to[taken] = 0;
+  if (column.memberSize > 0) {
+    const size_t kept = taken < column.memberSize ? taken : column.memberSize - size_t{1};
+    std::memcpy(to, from.next, kept);
+    to[kept] = 0;
+  }
   from.next += taken;
   from.left -= taken;
 }
@@ -51,8 +54,8 @@ void readColumns(const RecordFormat& format, ByteSpan& from, void* record) {
   for (size_t i = 0; i < format.columnCount; i++) {
     const Column& column = format.columns[i];
     uint8_t* to = static_cast<uint8_t*>(record) + column.member;
-    if (column.codec == Codec::Text) {
-      readText(from, column.width, to);
+    if (isText(column.codec)) {
+      readText(column, from, to);
       continue;
     }
     const bool whole = from.left >= column.width;

@@ -65,9 +65,13 @@ inline void decodeColumn(const uint8_t* from, uint8_t* to) {
   } else if constexpr (c.codec == Codec::LowByte16) {
     to[0] = from[0];
     to[1] = 0;
+  } else if constexpr (isText(c.codec)) {
+    if constexpr (c.memberSize > 0) {
+      std::memcpy(to, from, c.memberSize - 1);
+      to[c.memberSize - 1] = 0;
+    }
   } else if constexpr (c.codec != Codec::Zeros) {
     std::memcpy(to, from, c.width);
-    if constexpr (c.codec == Codec::Text) to[c.width] = 0;
   }
 }
 
@@ -94,7 +98,7 @@ inline void encodeWhole(const uint8_t* from, uint8_t* to, std::index_sequence<I.
 template <const RecordFormat& F, size_t I>
 inline bool lineFeedIn(const uint8_t* from) {
   constexpr Column c = F.columns[I];
-  if constexpr (c.codec == Codec::Text) return std::memchr(from + c.offset, '\n', c.width) != nullptr;
+  if constexpr (isText(c.codec)) return std::memchr(from + c.offset, '\n', c.width) != nullptr;
   return false;
 }
 

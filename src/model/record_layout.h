@@ -27,6 +27,8 @@ enum class Codec : uint8_t {
   F32,       /* as it stands */
   F64,       /* as it stands */
   Text,      /* width bytes, read like fgets: a line feed ends the read; written whole, NUL bytes included */
+  CutText,   /* read like Text, the member keeps the first bytes only */
+  SkipText,  /* read like Text into no member: a line feed shifts the columns behind it all the same */
   LowByte,   /* int16 on file, byte in memory: read keeps the low byte, written widened */
   LowByte16, /* int16 on both sides: read keeps the low byte only, written whole */
   Flag,      /* int16 on file, byte in memory: read turns any nonzero value into 1, written widened */
@@ -63,6 +65,8 @@ constexpr size_t unitWidth(Codec codec) {
     case Codec::U8:
       return 1;
     case Codec::Text:
+    case Codec::CutText:
+    case Codec::SkipText:
     case Codec::Zeros:
       return 0;
     default:
@@ -70,11 +74,18 @@ constexpr size_t unitWidth(Codec codec) {
   }
 }
 
+constexpr bool isText(Codec codec) {
+  return codec == Codec::Text || codec == Codec::CutText || codec == Codec::SkipText;
+}
+
 /** True when width on file and size in memory belong together. */
 constexpr bool fits(const Column& c) {
   switch (c.codec) {
     case Codec::Text:
       return c.memberSize == c.width + 1;
+    case Codec::CutText:
+      return c.memberSize > 0 && c.memberSize <= c.width;
+    case Codec::SkipText:
     case Codec::Zeros:
       return c.memberSize == 0;
     case Codec::LowByte:
@@ -280,7 +291,6 @@ inline constexpr Column kRdxColumns[] = {
     AT(296, 40, Text, SHORT_TEXT),
 };
 #undef AT
-#undef PN10_COLUMN
 
 inline constexpr RecordFormat kNdtFormat = {".ndt", kNdtColumns, std::size(kNdtColumns), 220, 218, 0};
 inline constexpr RecordFormat kPdtFormat = {".pdt", kPdtColumns, std::size(kPdtColumns), 280, 270, 0};

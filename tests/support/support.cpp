@@ -7,6 +7,8 @@
 #include <fstream>
 #include <sstream>
 
+#include "facility/facility.h"
+#include "lookup/lookup.h"
 #include "model/draw_state.h"
 #include "model/staging.h"
 #include "model/tables.h"
@@ -49,6 +51,13 @@ Fresh::Fresh() {
 Fresh::~Fresh() {
   FreeModel();
   FreeFdt();
+  FreePLut();
+  FreeLut();
+  FreeFac();
+  FreeHQDll();
+  facNumbersChanged();
+  lookups = Lookups{};
+  facilities = Facilities{};
   model = ModelTables{};
   settings = Settings{};
   staging = Staging{};
