@@ -82,6 +82,13 @@ struct BITMAPINFO {
   BITMAPINFOHEADER bmiHeader;
   RGBQUAD bmiColors[1];
 };
+struct DIBSECTION {
+  BITMAP dsBm;
+  BITMAPINFOHEADER dsBmih;
+  DWORD dsBitfields[3];
+  HANDLE dshSection;
+  DWORD dsOffset;
+};
 /** Part of the printer arguments of a print dialog; not looked at outside Windows. */
 struct DEVMODEA;
 
@@ -90,7 +97,7 @@ constexpr DWORD PS_SOLID = 0, PS_DASH = 1, PS_DOT = 2, PS_DASHDOT = 3, PS_DASHDO
                 PS_INSIDEFRAME = 6, PS_USERSTYLE = 7;
 constexpr DWORD PS_ENDCAP_ROUND = 0, PS_ENDCAP_SQUARE = 0x100, PS_ENDCAP_FLAT = 0x200, PS_GEOMETRIC = 0x10000,
                 PS_COSMETIC = 0;
-constexpr UINT BS_SOLID = 0, BS_NULL = 1, BS_HOLLOW = 1;
+constexpr UINT BS_SOLID = 0, BS_NULL = 1, BS_HOLLOW = 1, BS_HATCHED = 2;
 constexpr int HS_HORIZONTAL = 0, HS_VERTICAL = 1, HS_FDIAGONAL = 2, HS_BDIAGONAL = 3, HS_CROSS = 4, HS_DIAGCROSS = 5;
 /* Text. */
 constexpr LONG FW_NORMAL = 400, FW_BOLD = 700;
@@ -106,7 +113,7 @@ constexpr int R2_MASKPEN = 9, R2_NOTXORPEN = 10, R2_NOP = 11, R2_MERGENOTPEN = 1
               R2_MERGEPEN = 15, R2_WHITE = 16;
 constexpr DWORD SRCCOPY = 0x00CC0020, SRCAND = 0x008800C6, SRCPAINT = 0x00EE0086, SRCINVERT = 0x00660046,
                 NOTSRCCOPY = 0x00330008, NOTSRCERASE = 0x001100A6;
-constexpr int BLACKONWHITE = 1, WHITEONBLACK = 2, COLORONCOLOR = 3;
+constexpr int BLACKONWHITE = 1, WHITEONBLACK = 2, COLORONCOLOR = 3, HALFTONE = 4;
 /* Devices. */
 constexpr int HORZSIZE = 4, VERTSIZE = 6, HORZRES = 8, VERTRES = 10, BITSPIXEL = 12, PLANES = 14, LOGPIXELSX = 88,
               LOGPIXELSY = 90;

@@ -2,6 +2,7 @@
 #include "platform/portable/log.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
 
 #include "exports/pn10platform.h"
@@ -40,6 +41,24 @@ std::string quoted(const char* text, size_t length) {
     }
   }
   return out += '"';
+}
+
+namespace {
+void putHex(std::string& line, uint32_t value, int digits) {
+  char text[16];
+  std::snprintf(text, sizeof text, "0x%0*X", digits, value);
+  line += text;
+}
+}  // namespace
+
+void put(std::string& line, Color color) { putHex(line, color.value, 6); }
+
+void put(std::string& line, Style style) {
+  if (style.value < 0x10000) {
+    line += std::to_string(style.value);
+  } else {
+    putHex(line, style.value, 1);
+  }
 }
 
 }  // namespace pn10::portable

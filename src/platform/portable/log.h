@@ -1,12 +1,8 @@
-/**
- * The operation log: one line per operation on a context or a window and per object made or deleted.
- *
- * Process-wide, off at start. Callers test `recording()` first, so that an operation costs one load when the
- * log is off.
- */
+/** The operation log: one line per operation, process-wide, off at start. */
 #ifndef PN10_PLATFORM_PORTABLE_LOG_H
 #define PN10_PLATFORM_PORTABLE_LOG_H
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -21,12 +17,41 @@ void logLine(std::string_view line);
 /** Text in double quotes, with \xNN outside 0x20 to 0x7E and \" and \\ escaped. */
 std::string quoted(const char* text, size_t length);
 
-/** An operation's name followed by its integer arguments, separated by one blank. */
-template <class... Integers>
-void logInts(std::string_view name, Integers... values) {
+/** Arguments that are not plain decimal integers. */
+struct Color {
+  uint32_t value;
+}; /* six hex digits; eight when the high byte says more than the colour */
+struct Style {
+  uint32_t value;
+}; /* decimal below 0x10000, hex from there on */
+
+void put(std::string& line, Color color);
+void put(std::string& line, Style style);
+inline void put(std::string& line, std::string_view text) { line += text; }
+inline void put(std::string& line, const std::string& text) { line += text; }
+inline void put(std::string& line, const char* text) { line += text; }
+template <class Integer>
+inline void put(std::string& line, Integer value) {
+  line += std::to_string(value);
+}
+
+/** An operation's name followed by its arguments, separated by one blank. Nothing while the log is off. */
+template <class... Arguments>
+inline void logOp(std::string_view name, const Arguments&... arguments) {
+  if (!logOn) [[likely]]
+    return;
   std::string line(name);
-  ((line += ' ', line += std::to_string(values)), ...);
+  ((line += ' ', put(line, arguments)), ...);
   logLine(line);
+}
+
+/** An object's description: name(a,b,c). */
+template <class... Arguments>
+std::string described(std::string_view name, const Arguments&... arguments) {
+  std::string text(name);
+  char separator = '(';
+  ((text += separator, put(text, arguments), separator = ','), ...);
+  return text += ')';
 }
 
 }  // namespace pn10::portable

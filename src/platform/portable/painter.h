@@ -76,7 +76,7 @@ struct FontData; /* glyphs.h */
 
 /** One run of text, placed: pen origin of the first glyph on the baseline, and the turned cell. */
 struct TextRun {
-  const FontData* font;
+  FontData* font;
   const unsigned char* text; /* code page 1252 */
   int32_t count;
   int32_t x, y; /* the point given to TextOutA */
@@ -115,7 +115,7 @@ class Painter {
 uint32_t paintedColor(COLORREF color);
 
 /** Makes the integer painter of a raster; the raster must outlive it. */
-Painter* newRasterPainter(const Raster& raster);
+__attribute__((weak)) Painter* newRasterPainter(const Raster& raster);
 
 /** Paints a run of glyphs and its OPAQUE cell into a raster: the text half of the raster painter. */
 void paintRasterText(const Raster& raster, const PaintState& state, const TextRun& run);

@@ -49,7 +49,7 @@ HCURSOR LoadCursorA(HINSTANCE, const char* name) {
 HCURSOR SetCursor(HCURSOR cursor) {
   const int32_t old = shownCursor;
   shownCursor = idOf(cursor);
-  if (recording()) logInts("SetCursor", shownCursor);
+  logOp("SetCursor", shownCursor);
   return cursorOf(old);
 }
 
@@ -71,21 +71,21 @@ BOOL PeekMessageA(MSG* message, HWND window, UINT first, UINT last, UINT remove)
       if ((first || last) && (it->message < first || it->message > last)) continue;
       *message = *it;
       if (remove & PM_REMOVE) queue.erase(it);
-      if (recording()) logLine("PeekMessageA found");
+      logOp("PeekMessageA found");
       return 1;
     }
   }
-  if (recording()) logLine("PeekMessageA none");
+  logOp("PeekMessageA none");
   return 0;
 }
 
 BOOL InvalidateRect(HWND window, const RECT*, BOOL erase) {
-  if (recording()) logInts("InvalidateRect", erase);
+  logOp("InvalidateRect", erase);
   return window != nullptr;
 }
 
 BOOL UpdateWindow(HWND window) {
-  if (recording()) logLine("UpdateWindow");
+  logOp("UpdateWindow");
   if (!window) return 0;
   window->updates++;
   return 1;
