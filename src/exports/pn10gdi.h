@@ -1096,30 +1096,74 @@ PN10_EXPORT void PN10_CALL TrimRight20(char* text20);
  * Geometry
  * ---------------------------------------------------------------------------------------------- */
 
+/** Bearing from the first point to the second: radians counter-clockwise from +X, 0 for coinciding points. */
 PN10_EXPORT double PN10_CALL GetBrg(double x1, double y1, double x2, double y2);
+/**
+ * The point at a bearing and a distance.
+ *
+ * A bearing beyond one turn is reduced; below minus one turn it comes back reflected, so that -7 acts as +7.
+ * @return -1 always
+ */
 PN10_EXPORT int32_t PN10_CALL GetXY(double x, double y, double bearing, double distance, double* outX, double* outY);
+/** Inverse cosine and sine; 0 for arguments beyond 1 in magnitude. */
 PN10_EXPORT double PN10_CALL CalcACos(double x);
 PN10_EXPORT double PN10_CALL CalcASin(double x);
+/**
+ * The circle of an arc through two ends. The vertex holds the radius (VTX_X) and the included angle (VTX_Y).
+ *
+ * @param turn           1, or any other value for the other side; the arc runs counter-clockwise from startBrg
+ *                       to endBrg
+ * @param radius         the radius in single precision; startBrg, endBrg radians; includedAngle as stored
+ * @param midX           with midY and midZ the middle of the arc; any out argument may be null
+ * @return 0; -1 and nothing written when the vertex is outside the table, or in the isometric view when the ends
+ *         coincide within the tolerance of SetGlobalUnits
+ */
 PN10_EXPORT int32_t PN10_CALL CalcArcGeom(int32_t vtx, int16_t turn, float z1, float z2, double x1, double y1,
                                           double x2, double y2, double* centreX, double* centreY, double* radius,
                                           float* startBrg, float* endBrg, double* includedAngle, double* midX,
                                           double* midY, float* midZ);
+/**
+ * The same circle for a radius and an angle that are given. The Z arguments have no effect.
+ * @return 0; -1 and nothing written when the ends coincide outside the isometric view
+ */
 PN10_EXPORT int32_t PN10_CALL CalcArcCxy(int16_t turn, float radius, float includedAngle, double x1, double y1,
                                          float z1, double x2, double y2, float z2, double* centreX, double* centreY,
                                          float* startBrg, float* endBrg);
+/** Middle of an arc pipe. @return -1 when the pipe is no arc, else 0, also when its circle is refused */
 PN10_EXPORT int32_t PN10_CALL CalcArcMidXY(int32_t pipe, double* midX, double* midY, float* midZ);
+/**
+ * All of a pipe's arc: vertex number, centre, Z of the vertex, bearings, radius, included angle in radians and in
+ * whole degrees. Centre and bearings stay unwritten when CalcArcCxy refuses. @return -1 always
+ */
 PN10_EXPORT int32_t PN10_CALL GetArc(int32_t pipe, int32_t* vtx, double* centreX, double* centreY, float* vtxZ,
                                      float* startBrg, float* endBrg, float* radius, float* includedAngle,
                                      int32_t* wholeDegrees);
+/**
+ * Length of a pipe along its path.
+ *
+ * In model units times a positive length factor of SetGlobalUnits; in feet on the sphere when the factor is
+ * negative (longitude and latitude in degrees; haversine, mean radius 6371009 m).
+ * @param useZ  0 sets both ends to Z 0; the vertices of a polyline keep theirs
+ * @return 0 for VTX_MODE 3 and for a pipe that is not there
+ */
 PN10_EXPORT float PN10_CALL CalcPipeLength(int32_t pipe, int16_t useZ);
+/** The vertex at the far end of the segment that holds a polyline's middle; one past the run in the last segment. */
 PN10_EXPORT int32_t PN10_CALL GetPolyMidVtx(int32_t pipe);
+/** Z of a pipe's label: the mean over the segment of the middle, or of the two nodes. */
 PN10_EXPORT float PN10_CALL GetPipeTextZ(int32_t pipe);
+/**
+ * Device points at a bearing (radians) and a distance from an origin, truncated toward zero.
+ *
+ * GetIsoDevXY projects in the isometric view; GetViewDevXY does so too and with geoFlag takes the picture Y in the
+ * geographic view; GetPolarXY truncates the point without mapping it to the device.
+ */
 PN10_EXPORT void PN10_CALL GetIsoDevXY(double x, double y, float bearing, float distance, float z, int32_t* devX,
                                        int32_t* devY);
 PN10_EXPORT void PN10_CALL GetDevXY(double x, double y, float bearing, float distance, int32_t* devX, int32_t* devY);
 PN10_EXPORT DevPair PN10_CALL GetViewDevXY(double x, double y, float bearing, float distance, float z, int16_t geoFlag);
 PN10_EXPORT DevPair PN10_CALL GetDevXYPair(double x, double y, float bearing, float distance);
 PN10_EXPORT DevPair PN10_CALL GetPolarXY(double x, double y, float bearing, float distance);
+/** Floor as a 32-bit integer, held at its limits; floor and ceiling as doubles. */
 PN10_EXPORT int32_t PN10_CALL FloorLong(double value);
 PN10_EXPORT double PN10_CALL CalcFloor(double value);
 PN10_EXPORT double PN10_CALL CalcCeil(double value);
@@ -1128,17 +1172,35 @@ PN10_EXPORT double PN10_CALL CalcCeil(double value);
  * Isometric view and geographic scale
  * ---------------------------------------------------------------------------------------------- */
 
+/**
+ * Distance in feet between two points in degrees, X longitude and Y latitude, by the haversine rule.
+ * @param z1  heights in metres; their mean adds to the earth radius of 6371009 m
+ */
 PN10_EXPORT double PN10_CALL CalcGreatCircleDist(double x1, double y1, double x2, double y2, float z1, float z2);
+/** A distance in feet as degrees of a great circle at height z in feet, and back. */
 PN10_EXPORT double PN10_CALL CalcLatLonDist(double distance, float z);
 PN10_EXPORT double PN10_CALL CalcDistLatLon(double degrees, float z);
+/**
+ * Picture Y of a latitude: the spacing of web map tiles on an axis in degrees. The middle latitude of the window
+ * stays where it is.
+ * @param winX1  window: left, top, right, bottom in degrees
+ * @param zoom   zoom level of the tiles, 256 pixels around the earth at level 0
+ * @return -99999999.0 when the middle of the window lies beyond a pole
+ */
 PN10_EXPORT double PN10_CALL CalcGeoY(double latitude, double winX1, double winY1, double winX2, double winY2,
                                       int16_t zoom);
+/** The same with the geographic window of SetPNGDIScale and the zoom of SetDrawVars. */
 PN10_EXPORT double PN10_CALL CalcGeoY_(double latitude);
+/** Works out the tile scale of the world window. @return 1; 65535 for a window without a picture */
 PN10_EXPORT int32_t PN10_CALL SetGeoYVars(void);
+/** The latitude of a picture Y, the inverse of CalcGeoY; -99999999.0 as there. */
 PN10_EXPORT double PN10_CALL CalcLatFromPictY(double pictY, double winX1, double winY1, double winX2, double winY2,
                                               int16_t zoom);
+/** Isometric picture of a model point: X' = (X + Y) * 0.8660253882408142, Y' = (Y - X) * 0.5 + Z. */
 PN10_EXPORT void PN10_CALL CalcIsoXY(double x, double y, float z, double* isoX, double* isoY);
+/** The model point of an isometric picture point whose Z is known. */
 PN10_EXPORT void PN10_CALL CalcXYIso(double isoX, double isoY, float z, double* x, double* y);
+/** A direction as drawn in the isometric view, in tenths of a degree (truncated) and in radians. */
 PN10_EXPORT int16_t PN10_CALL CalcIsoDeg(float tenthsOfDegree);
 PN10_EXPORT float PN10_CALL CalcIsoRad(float radians);
 
@@ -1225,15 +1287,52 @@ PN10_EXPORT int32_t PN10_CALL SetAllTextColor(int32_t color);
  * with the host and must live until the next SetDrawVars.
  * ---------------------------------------------------------------------------------------------- */
 
+/**
+ * Describes the device and the options of the pictures to come.
+ *
+ * The option records are read on every paint, never copied and never freed; null stands for a record of zeros.
+ * @param devMode     0 screen, 1 print, 2 print through a reduced raster
+ * @param dc          target of all painting; the host's, as are the windows
+ * @param drawWindow  window that is updated while a paint runs
+ * @param loadFactor  diversity factor of node and customer loads
+ * @param keyWindow   window whose keyboard messages can cancel a paint
+ * @param singleNode  the only node painted while the node pass is off, 0 none; singleCust likewise
+ * @param isoFlag     nonzero: isometric view
+ * @param projection  1 geographic, 2 plain without special handling, else by isoFlag
+ * @param zoom        zoom level of the geographic view
+ * @param mapScale    the host's scale number, compared with the zoom limits of ViewOpts
+ * @return 1
+ */
 PN10_EXPORT int32_t PN10_CALL SetDrawVars(int16_t devMode, HDC dc, HWND drawWindow, float loadFactor,
                                           const PlotOpts* plotOpts, const ViewOpts* viewOpts, const UnitOpts* unitOpts,
                                           HWND keyWindow, int32_t singleNode, int32_t singleCust, int16_t isoFlag,
                                           int16_t projection, int16_t zoom, double mapScale);
+/** Sets the isometric flag alone; the mapping of pictures stays as it is. @return 1 */
 PN10_EXPORT int32_t PN10_CALL SetIso(int16_t isoFlag);
+/** Stores a value that nothing reads; the device mode is that of SetDrawVars. @return 1 */
 PN10_EXPORT int32_t PN10_CALL SetDev(int16_t value);
+/**
+ * Sets the window on the world and the scale. SetDrawVars comes first, since PlotOpts is read here.
+ *
+ * @param x0             world window: left, top (the larger Y), right, bottom
+ * @param devWidth       with devHeight the device size in device units
+ * @param minPixels      shortest chord and twice the shortest pipe, in device units; see PlotOpts.ShortPipeSkip
+ * @param displayHeight  height of the window in display units (inches, for one)
+ * @param geoX1          geographic window, in the order of CalcGeoY
+ * @return -1
+ */
 PN10_EXPORT int32_t PN10_CALL SetPNGDIScale(double x0, double y0, double x1, double y1, int32_t devWidth,
                                             int32_t devHeight, float minPixels, float displayHeight, double geoX1,
                                             double geoY1, double geoX2, double geoY2);
+/**
+ * Paints ranges of all tables: pipes, nodes, customers, text, user graphics, in this order.
+ *
+ * Erases nothing and paints no background. A range whose first or last record is 0 is skipped.
+ * @param clearHilite     nonzero: erase the marks of items that are no longer selected
+ * @param recolourPipes   nonzero: resolve colours anew; set to 0 by a pass that ran to its end
+ * @param linesOnly       nonzero: pipes without labels, devices and marks
+ * @return -1, also when the user cancelled with Escape
+ */
 PN10_EXPORT int32_t PN10_CALL DrawPict(int32_t firstPipe, int32_t lastPipe, int32_t firstNode, int32_t lastNode,
                                        int32_t firstCust, int32_t lastCust, int32_t firstText, int32_t lastText,
                                        int32_t firstUgd, int32_t lastUgd, int16_t clearHilite, int16_t* recolourPipes,
