@@ -21,6 +21,9 @@ void DrawDeviceSymbol(int32_t pipe, double x1, double y1, double x2, double y2);
 void DrawFittingSymbol(int32_t pipe, int16_t code, double x1, double y1, double x2, double y2);
 int32_t DrawCusts(int32_t first, int32_t last, int16_t clearHilite, int16_t* recolour, int16_t mono, int32_t paperColor,
                   int32_t penWidth, int32_t dpi, int16_t showCustomers);
+int32_t DrawTexts(int32_t first, int32_t last, int16_t mono, int32_t paperColor, int16_t clearHilite);
+int32_t DrawUserGraphics(int32_t first, int32_t last, int16_t clearHilite, int16_t mono, int32_t paperColor,
+                         float sizeFactor, float penFactor, int32_t penWidth);
 
 }  // namespace pn10
 

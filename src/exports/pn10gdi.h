@@ -1330,7 +1330,7 @@ PN10_EXPORT int32_t PN10_CALL SetPNGDIScale(double x0, double y0, double x1, dou
  * Erases nothing and paints no background. A range whose first or last record is 0 is skipped.
  * @param clearHilite     nonzero: erase the marks of items that are no longer selected
  * @param recolourPipes   nonzero: resolve colours anew; set to 0 by a pass that ran to its end
- * @param linesOnly       nonzero: pipes without labels, devices and marks
+ * @param linesOnly       nonzero: pipes without devices, arrows and vertex marks
  * @return -1, also when the user cancelled with Escape
  */
 PN10_EXPORT int32_t PN10_CALL DrawPict(int32_t firstPipe, int32_t lastPipe, int32_t firstNode, int32_t lastNode,

@@ -4,9 +4,10 @@
  * Lengths are feet. The picture keeps the axis in degrees, but spaces latitudes as the map tiles do; the middle
  * latitude of the window stays where it is.
  */
+#include "geometry/geographic.h"
+
 #include <cmath>
 
-#include "exports/pn10gdi.h"
 #include "geometry/angles.h"
 #include "model/draw_state.h"
 
@@ -14,14 +15,10 @@ using namespace pn10;
 
 namespace {
 
-constexpr double kEarthRadius = 6371009.0; /* metres */
 constexpr double kQuarterPi = 0.785398163375;
 constexpr double kPixelsPerRadian = 40.743665432689745; /* 128 / pi */
 constexpr double kRadiansPerPixel = 0.0078125;          /* 1 / 128, per pi */
-constexpr double kRadians = 0.01745329238474369;        /* of a degree, the single-precision value */
 constexpr double kNoY = -99999999.0;
-
-double feetPerMetre(const char* unit) { return double{GetUnitFactor(unit, 0.0f, "LUS")}; }
 
 double sineSquared(double half) {
   const double s = std::sin(half);
@@ -55,20 +52,21 @@ TileWindow tileWindow(double x1, double y1, double x2, double y2, int16_t zoom) 
 }  // namespace
 
 double CalcGreatCircleDist(double x1, double y1, double x2, double y2, float z1, float z2) {
-  const double p1 = y1 * kRadians, p2 = y2 * kRadians;
-  const double a = sineSquared(std::fabs(x1 * kRadians - x2 * kRadians) * 0.5) * std::cos(p1) * std::cos(p2) +
-                   sineSquared(std::fabs(p1 - p2) * 0.5);
+  const double p1 = y1 * kRadiansOfDegree, p2 = y2 * kRadiansOfDegree;
+  const double a =
+      sineSquared(std::fabs(x1 * kRadiansOfDegree - x2 * kRadiansOfDegree) * 0.5) * std::cos(p1) * std::cos(p2) +
+      sineSquared(std::fabs(p1 - p2) * 0.5);
   const double d = 2 * std::asin(std::sqrt(a));
-  return d * ((double{z1} + z2) * 0.5 + kEarthRadius) * feetPerMetre("METRES");
+  return d * ((double{z1} + z2) * 0.5 + kEarthRadius) * feetPerMetre();
 }
 
 /* kept: here the height counts in feet, in CalcGreatCircleDist in metres */
 double CalcLatLonDist(double distance, float z) {
-  return (distance / (feetPerMetre("Metres") * kEarthRadius + z)) / kRadians;
+  return (distance / (feetPerMetre() * kEarthRadius + z)) / kRadiansOfDegree;
 }
 
 double CalcDistLatLon(double degrees, float z) {
-  return (feetPerMetre("Metres") * kEarthRadius + z) * degrees * kRadians;
+  return (feetPerMetre() * kEarthRadius + z) * degrees * kRadiansOfDegree;
 }
 
 double CalcGeoY(double latitude, double winX1, double winY1, double winX2, double winY2, int16_t zoom) {

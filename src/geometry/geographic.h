@@ -1,0 +1,17 @@
+/** What the geographic measures share with the scale and the symbols of the picture. */
+#ifndef PN10_GEOMETRY_GEOGRAPHIC_H
+#define PN10_GEOMETRY_GEOGRAPHIC_H
+
+#include "exports/pn10gdi.h"
+
+namespace pn10 {
+
+constexpr double kEarthRadius = 6371009.0;               /* metres */
+constexpr double kRadiansOfDegree = 0.01745329238474369; /* the single-precision value */
+
+/** Feet in a metre, as the unit table has it. */
+inline double feetPerMetre() { return double{GetUnitFactor("Metres", 0.0f, "LUS")}; }
+
+}  // namespace pn10
+
+#endif
