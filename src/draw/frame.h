@@ -41,6 +41,13 @@ inline int32_t OutOfView(double x, double y) {
   return s.ClipX0 <= x && x <= s.ClipX1 && s.ClipY1 <= y && y <= s.ClipY0 ? 0 : 1;
 }
 
+/** Device boxes of ellipses and pies must exceed these both ways to be worth painting. */
+constexpr int32_t kSmallestEllipse = 2, kSmallestPie = 4;
+inline bool BoxExceeds(const DevPoint& a, const DevPoint& b, int32_t limit) {
+  const auto wider = [limit](int64_t from, int64_t to) { return to - from > limit || from - to > limit; };
+  return wider(a.x, b.x) && wider(a.y, b.y);
+}
+
 /** Cuts a segment to the clip window in place; non-zero when nothing of it is visible (the points then stay). */
 int32_t ClipSegment(double* x1, double* y1, double* x2, double* y2);
 
