@@ -36,8 +36,8 @@ HGDIOBJ selectBitmap(Context& context, Bitmap* bitmap) {
   if (bitmap->holder && bitmap->holder != &context) return nullptr;
   Painter* painter = nullptr;
   if (bitmap->paintable()) {
-    painter = newRasterPainter ? newRasterPainter(rasterOf(*bitmap)) : nullptr;
-    if (!painter && newRasterPainter) return nullptr;
+    painter = newRasterPainter(rasterOf(*bitmap));
+    if (!painter) return nullptr;
   }
   Bitmap* const before = context.bitmap;
   const HGDIOBJ old = before->handle;
@@ -53,7 +53,7 @@ HGDIOBJ selectBitmap(Context& context, Bitmap* bitmap) {
 }
 
 Painter* beginOnCopy(Context&, RasterView& view) {
-  return view.ok() && newRasterPainter ? newRasterPainter(view.raster()) : nullptr;
+  return view.ok() ? newRasterPainter(view.raster()) : nullptr;
 }
 
 int getBitmapObject(const Bitmap& bitmap, int size, void* data) {

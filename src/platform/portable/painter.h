@@ -115,10 +115,10 @@ class Painter {
 uint32_t paintedColor(COLORREF color);
 
 /** Makes the integer painter of a raster; the raster must outlive it. */
-__attribute__((weak)) Painter* newRasterPainter(const Raster& raster);
+Painter* newRasterPainter(const Raster& raster);
 
 /** Paints a run of glyphs and its OPAQUE cell into a raster: the text half of the raster painter. */
-void paintRasterText(const Raster& raster, const PaintState& state, const TextRun& run);
+__attribute__((weak)) void paintRasterText(const Raster& raster, const PaintState& state, const TextRun& run);
 
 /** True when a pen paints nothing. */
 inline bool isNullPen(const PenData& pen) { return pen.style == PS_NULL; }
