@@ -9,8 +9,8 @@
 #include <cstring>
 #include <type_traits>
 
+#include "fields/records.h"
 #include "model/convert.h"
-#include "model/tables.h"
 
 namespace pn10 {
 
@@ -29,15 +29,6 @@ struct Field {
   ReadField read = nullptr;
   StoreField store = nullptr;
 };
-
-/** A record of zeros: what stands in for a slot that a table does not have. */
-template <class Record>
-inline constexpr Record kEmpty{};
-
-/** The record of a number from the host or from another record; zeros when the table has no such slot. */
-inline const Ndt& nodeAt(int32_t n) { return hasNodeSlot(n) ? model.ndt[n] : kEmpty<Ndt>; }
-inline const Pdt& pipeAt(int32_t p) { return hasPipeSlot(p) ? model.pdt[p] : kEmpty<Pdt>; }
-inline const Cdt& custAt(int32_t c) { return hasCustSlot(c) ? model.cdt[c] : kEmpty<Cdt>; }
 
 /** Plain members. */
 template <class T>
@@ -126,6 +117,17 @@ constexpr Field date(Field f) {
   f.stamps = false;
   return f;
 }
+/** A member that is stored or read by a function of the record number instead. */
+template <auto F>
+constexpr Field readWith(Field f) {
+  f.read = readBy<F>;
+  return f;
+}
+template <auto F>
+constexpr Field storeWith(Field f) {
+  f.store = storeBy<F>;
+  return f;
+}
 template <auto F>
 constexpr Field computed(int16_t number, At at = At::Item) {
   return {number, 0, at, true, readBy<F>, nullptr};
@@ -177,12 +179,14 @@ struct Records {
     return base ? base + f.offset : nullptr;
   }
 
+  /** -1.0 for a record that is not there; record 0 reads zeros also without a table. */
   double read(const Field& f, int32_t rno, char* text) const {
     const void* at = member(f, rno);
     if (!at) {
-      const char* zeros = f.at == At::Item ? reinterpret_cast<const char*>(&kEmpty<Item>)
-                                           : reinterpret_cast<const char*>(&kEmpty<Screen>);
-      at = zeros + f.offset;
+      if (rno != 0) return -1.0;
+      at = (f.at == At::Item ? reinterpret_cast<const char*>(&kEmpty<Item>)
+                             : reinterpret_cast<const char*>(&kEmpty<Screen>)) +
+           f.offset;
     }
     return f.read(at, rno, text);
   }

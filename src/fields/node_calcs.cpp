@@ -3,15 +3,13 @@
 
 #include <cmath>
 
-#include "fields/field_table.h"
+#include "fields/records.h"
+#include "model/convert.h"
 #include "model/draw_state.h"
 
 namespace {
 
 using namespace pn10;
-
-/** Members widened: all arithmetic on them runs in double. */
-double wide(float value) { return static_cast<double>(value); }
 
 /** The value that is compared with the measured one; false when nothing is. */
 bool compared(const Ndt& n, double* value) {

@@ -1,7 +1,7 @@
 /** The pipes at a node, and the names of nodes: plain scans of the tables, under the wait cursor where stated. */
 #include <cstring>
 
-#include "fields/field_table.h"
+#include "fields/records.h"
 #include "model/wait_cursor.h"
 
 namespace {
