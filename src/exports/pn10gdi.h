@@ -1210,27 +1210,77 @@ PN10_EXPORT float PN10_CALL CalcIsoRad(float radians);
  * Results are record numbers, 0 when nothing is found; tolerances are inclusive; deleted records are skipped.
  * ---------------------------------------------------------------------------------------------- */
 
+/**
+ * The node whose symbol the point lies on.
+ *
+ * @param x, y, z  model point; the distance is 3-D
+ * @return the last node in record order whose own radius reaches the point, within a square of the default radius around
+ *         it (larger symbols are clipped by that square); 0 for none
+ */
 PN10_EXPORT int32_t PN10_CALL FindNodeClose(double x, double y, float z);
+/** The first node within `tolerance` model units of the point, measured in 3-D when `threeD` is nonzero; 0 for none. */
 PN10_EXPORT int32_t PN10_CALL FindNodeSnap(double x, double y, float z, float tolerance, int16_t threeD);
+/** The first node within `tolerance` of a point of the picture plane: projected when the isometric flag is set; 0 for none. */
 PN10_EXPORT int32_t PN10_CALL FindNodeSnapPix(double x, double y, float tolerance);
+/** The first other node within `tolerance` of node `node`, in 2-D; 0 for none. */
 PN10_EXPORT int32_t PN10_CALL FindNodeFuzzyRno(int32_t node, float tolerance);
+/** The last node in record order within `tolerance` of the point, in 2-D: of coincident nodes the newest; 0 for none. */
 PN10_EXPORT int32_t PN10_CALL FindNodeFuzzy(double x, double y, float tolerance);
+/** The first node within `tolerance` of each of two points, in one pass; 0 where there is none. One node may answer both.
+ *  Always returns 0. */
 PN10_EXPORT int32_t PN10_CALL FindNodeFuzzy2x(double x1, double y1, double x2, double y2, float tolerance,
                                               int32_t* node1, int32_t* node2);
+/**
+ * A node by its name, without regard to case; white space at the end of a stored name does not count.
+ *
+ * @param upperName   text in upper case, trimmed, `nameLength` bytes long
+ * @param startNode   first record looked at; the rows before it are looked at last
+ * @param partial     0: the whole name; otherwise any name that contains the text
+ * @return the first match, 0 for none
+ */
 PN10_EXPORT int32_t PN10_CALL FindNodeByName(const char* upperName, int32_t nameLength, int32_t startNode,
                                              int16_t partial);
+/** The first node with this `ID`; 0 for none. */
 PN10_EXPORT int32_t PN10_CALL FindNodeByID(int32_t id);
+/** The first pipe with this `ID`; 0 for none. */
 PN10_EXPORT int32_t PN10_CALL FindPipeByID(int32_t id);
+/** The first pipe whose end nodes carry these two names, whole and as stored, in either order; 0 for none. */
 PN10_EXPORT int32_t PN10_CALL FindPipeByNodeName(const char* nodeName1, const char* nodeName2);
+/** A pipe by its external identifier; text, start row and partial flag as in FindNodeByName. */
 PN10_EXPORT int32_t PN10_CALL FindPipeByLinkID(const char* upperText, int32_t startPipe, int16_t partial);
+/**
+ * The pipe closest to a point of the picture plane.
+ *
+ * @param distance      in: the search radius; out: the distance of the hit in single precision, or the radius
+ * @param activeOnly    nonzero: pipes with the facility flag Active alone
+ * @param drawnOnly     nonzero: pipes that the last picture really drew
+ * @param withLabel     nonzero: the label anchor counts as part of the pipe
+ * @param excludedNode  pipes at this node are left out; 0 for none
+ * @return the closest pipe, of equal ones the first; 0 for none within the radius
+ */
 PN10_EXPORT int32_t PN10_CALL FindPipeXY(double x, double y, float* distance, int16_t activeOnly, int16_t drawnOnly,
                                          int16_t withLabel, int32_t excludedNode);
+/**
+ * The first pipe that lies exactly here: its From node, To node and vertices within `tolerance` of the given points.
+ *
+ * The ends are taken in their order. A polyline needs as many vertices as `vtxCount`, from element 0 of both lists.
+ * @return the pipe, 0 for none
+ */
 PN10_EXPORT int32_t PN10_CALL FindPipeByLocation(double fromX, double fromY, float fromZ, double toX, double toY,
                                                  float toZ, const double* vtxXs, const double* vtxYs, int32_t vtxCount,
                                                  float tolerance);
+/** The pipe (type Pipe, active) that the point projects onto within `tolerance`, nearest first, ties to the later one; 0
+ *  for none. An arc that has no circle ends the scan. */
 PN10_EXPORT int32_t PN10_CALL FindPipeClosePno(double x, double y, float tolerance);
+/**
+ * The middle of pipe 1, when the point lies within `tolerance` of it. Only record 1 is looked at.
+ *
+ * @param midX, midY, midZ  receive the middle; not touched without a hit
+ * @return 1 when the walk along a polyline ended early, otherwise 0: the out arguments tell of a hit
+ */
 PN10_EXPORT int32_t PN10_CALL FindPipeCloseMid(double x, double y, float tolerance, double* midX, double* midY,
                                                float* midZ);
+/** Distance of a point from a segment by bearings; 9999999.0 when it lies more than 1 percent of the length beyond an end. */
 PN10_EXPORT double PN10_CALL CalcSegDist(double x1, double y1, double x2, double y2, double px, double py);
 
 /** The first customer, not deleted, with this ID, or 0. Wait cursor. */
@@ -1240,6 +1290,20 @@ PN10_EXPORT int32_t PN10_CALL FindCustByID(int32_t id);
  * Trace
  * ---------------------------------------------------------------------------------------------- */
 
+/**
+ * Traces the network from a node or a pipe as the control file under the data path says.
+ *
+ * Mode 0 reads "pntrace.ini" and writes the selected files trace.pip, trace.cst, trace.vlv, trace.reg, trace.sum; any
+ * other mode reads "traceup.ini" and fills `pipes`. Traced pipes, and customers when the file asks for them, are
+ * recoloured in their screen records and marked; colours of two traces blend on what both reach.
+ * @param startNode, startPipe  where the trace begins; the start kind of the control file tells which
+ * @param stopNode              a flow trace does not pass it, and lists the main route back from it; 0 for none
+ * @param pipes                 room for all pipes and two more; slot 0 receives the number of entries. What does not fit
+ *                              is not written. Null in mode 0
+ * @param keepColor             nonzero: a repeat over pipes with a mark takes the trace's own colour as its mark
+ * @return the number of pipes traced, the start pipe included; -1 no control file or no memory, -2 it ends at its first
+ *         line or an output file can't be written, -3, -4 it ends at its second or a later line, -6 no memory
+ */
 PN10_EXPORT int32_t PN10_CALL CalcSystemTrace(int32_t startNode, int32_t stopNode, int32_t startPipe, int16_t mode,
                                               int32_t* pipes, int16_t keepColor);
 

@@ -24,10 +24,10 @@ float bearing(PlanePoint from, PlanePoint to) { return static_cast<float>(GetBrg
  * length beyond either end, and its rounding far less than that again: 2 percent of the box cover both.
  */
 bool mayBeWithin(PlanePoint p, PlanePoint a, PlanePoint b, double best) {
-  const double left = std::min(a.x, b.x), right = std::max(a.x, b.x);
-  const double bottom = std::min(a.y, b.y), top = std::max(a.y, b.y);
-  const double margin = best + 0.02 * ((right - left) + (top - bottom));
-  return p.x >= left - margin && p.x <= right + margin && p.y >= bottom - margin && p.y <= top + margin;
+  // The distance from the middle of the box against half its size, both doubled.
+  const double width = std::fabs(a.x - b.x), height = std::fabs(a.y - b.y);
+  const double margin = 2 * best + 0.04 * (width + height);
+  return std::fabs(2 * p.x - a.x - b.x) <= width + margin && std::fabs(2 * p.y - a.y - b.y) <= height + margin;
 }
 
 double segmentDistance(PlanePoint a, PlanePoint b, PlanePoint p) {
@@ -47,6 +47,10 @@ struct Hit {
   PlanePoint point;
   double best;
   int32_t pipe = 0;
+  /** More than the rounding of the box test at these coordinates. */
+  double slack = 1e-13 * (std::fabs(point.x) + std::fabs(point.y));
+
+  double reach() const { return best + slack; }
 
   void take(double candidate, int32_t p) {
     if (candidate < best) {
@@ -55,7 +59,7 @@ struct Hit {
     }
   }
   void takeSegment(PlanePoint a, PlanePoint b, int32_t p) {
-    if (mayBeWithin(point, a, b, best)) take(segmentDistance(a, b, point), p);
+    if (mayBeWithin(point, a, b, reach())) take(segmentDistance(a, b, point), p);
   }
   void takePoint(PlanePoint q, int32_t p) {
     if (std::fabs(point.x - q.x) <= best && std::fabs(point.y - q.y) <= best) take(distance(point, q), p);
@@ -99,6 +103,33 @@ void takeLabel(Hit& hit, int32_t p, const Pdt& pipe) {
   hit.takePoint(onPlane(pipe.TEXT_X, pipe.TEXT_Y, z), p);
 }
 
+/**
+ * Rejects the pipes without vertices that lie too far away, from their end nodes alone: the rest of a pipe's record is
+ * not read for them. Such a pipe stays between its end nodes, whatever its mode says, as long as vertex slot 0 is
+ * empty.
+ */
+class EndBoxFilter {
+ public:
+  explicit EndBoxFilter(bool withLabel)
+      : usable_(!withLabel && drawState.IsoFlag == 0 && model.pxySlots >= model.pdtSlots &&
+                (model.vtxSlots < 1 || (model.vtx[0].VTX_X == 0 && model.vtx[0].VTX_Y == 0))) {}
+
+  bool rejects(int32_t p, PlanePoint point, double best) const {
+    if (!usable_ || (pxy_[p].FIRST_VTX | pxy_[p].LAST_VTX) != 0) return false;
+    const auto from = static_cast<uint32_t>(pdt_[p].FROM_NODE), to = static_cast<uint32_t>(pdt_[p].TO_NODE);
+    if (from >= nodeSlots_ || to >= nodeSlots_) return false;
+    const Ndt &a = ndt_[from], &b = ndt_[to];
+    return !mayBeWithin(point, {a.X_COORD, a.Y_COORD}, {b.X_COORD, b.Y_COORD}, best);
+  }
+
+ private:
+  const bool usable_;
+  const Pdt* const pdt_ = model.pdt;
+  const PXY* const pxy_ = model.pxy;
+  const Ndt* const ndt_ = model.ndt;
+  const uint32_t nodeSlots_ = static_cast<uint32_t>(model.ndtSlots);
+};
+
 }  // namespace
 
 double CalcSegDist(double x1, double y1, double x2, double y2, double px, double py) {
@@ -109,18 +140,16 @@ int32_t FindPipeXY(double x, double y, float* distance, int16_t activeOnly, int1
                    int32_t excludedNode) {
   if (!distance) return 0;
   Hit hit{{x, y}, *distance};
-  // A pipe without vertices stays between its end nodes, whatever its mode says, as long as slot 0 is empty.
-  const bool slot0Empty = model.vtxSlots < 1 || (model.vtx[0].VTX_X == 0 && model.vtx[0].VTX_Y == 0);
+  const EndBoxFilter filter(withLabel != 0);
   for (int32_t p = 1, top = pipeTop(); p <= top; p++) {
+    if (filter.rejects(p, hit.point, hit.reach())) continue;
     const Pdt& pipe = pipeAt(p);
     const PXY& screen = pipeScreenAt(p);
-    const PlanePoint from = onPlane(nodeAt(pipe.FROM_NODE)), to = onPlane(nodeAt(pipe.TO_NODE));
-    const bool straight = slot0Empty && screen.FIRST_VTX == 0 && screen.LAST_VTX == 0;
-    if (straight && !withLabel && !mayBeWithin(hit.point, from, to, hit.best)) continue;
     if (pipe.REC_STATUS < 0) continue;
     if ((drawnOnly && screen.DRAWN == 0) || (activeOnly && screen.Active == 0)) continue;
     if (excludedNode && (pipe.FROM_NODE == excludedNode || pipe.TO_NODE == excludedNode)) continue;
 
+    const PlanePoint from = onPlane(nodeAt(pipe.FROM_NODE)), to = onPlane(nodeAt(pipe.TO_NODE));
     hit.takePoint(from, p);
     hit.takePoint(to, p);
     if (pipe.VTX_MODE == 0) {

@@ -320,6 +320,7 @@ TEST_F(SystemTrace, list_control_files_that_end_early) {
 TEST_F(SystemTrace, an_output_file_that_cannot_be_created) {
   makeRow(2);
   for (const char* name : kFiles) {
+    for (const char* left : kFiles) std::filesystem::remove(dir_.path(left));
     std::filesystem::create_directory(dir_.path(name));
     EXPECT_EQ(trace({.type = 2}, 1), -2) << name;
     std::filesystem::remove(dir_.path(name));
