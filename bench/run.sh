@@ -1,9 +1,8 @@
 #!/usr/bin/env bash
 # Runs every benchmark and prints one table of ratios. Arguments: the build folder, then
-#   [--smallest]            only the smallest size of each, to keep them alive
-#   [--against OTHER.so]    (bench_host) interleave another build of the library
-#   [FILTER]                a regular expression for the names
-# CSV goes to out/bench.csv.
+#   --smallest            only the smallest size of each, briefly: keeps them alive
+#   --against OTHER.so    another build of the library, its calls interleaved with those of this one
+#   FILTER                a regular expression for the names
 set -euo pipefail
 build=$1
 shift
@@ -12,22 +11,17 @@ options=() filter=. against=
 while [ $# -gt 0 ]; do
   case $1 in
     --smallest) options+=(--benchmark_min_time=0.01); export PN10_BENCH_SMALLEST=1 ;;
-    --against) against=$2; shift ;;
+    --against) against=$(realpath "$2"); shift ;;
     *) filter=$1 ;;
   esac
   shift
 done
-mkdir -p out
-rows=out/bench.jsonl
-: >"$rows"
+mkdir -p out/bench
+rm -f out/bench/*.json
 for program in "$build"/bench/bench_*; do
   [ -x "$program" ] && [ -f "$program" ] || continue
-  json=$(mktemp)
-  "$program" --benchmark_filter="$filter" "${options[@]}" --benchmark_out="$json" --benchmark_out_format=json
-  python3 bench/rows.py "$(basename "$program")" "$json" >>"$rows"
-  rm -f "$json"
+  name=$(basename "$program")
+  PN10_BENCH_THIS="$build/src/libpn10gdi.so" PN10_BENCH_AGAINST=$against \
+    "$program" --benchmark_filter="$filter" "${options[@]}" --benchmark_out="out/bench/$name.json" --benchmark_out_format=json >&2
 done
-if [ -n "$against" ]; then
-  python3 bench/against.py "$build" "$against" >>"$rows"
-fi
-python3 bench/table.py "$rows" out/bench.csv
+python3 bench/table.py out/bench.csv out/bench/*.json
