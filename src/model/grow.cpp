@@ -105,7 +105,7 @@ int32_t ReallocFdt(int32_t highestRecord) {
 /** Rows that fall away give their texts back first. */
 int32_t ReallocTXY(int32_t highestRecord) {
   const int32_t slots = model.gtx ? model.textCapacity + 1 : 0;
-  for (int32_t row = std::max(highestRecord, 0) + 1; row < slots; row++) {
+  for (int64_t row = std::max(highestRecord, 0) + int64_t{1}; row < slots; row++) {
     freeRecords(model.gtx[row].Text);
     model.gtx[row].Text = nullptr;
   }
