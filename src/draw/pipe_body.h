@@ -1,0 +1,54 @@
+/** The body of one pipe: its line, arc or polyline, or the device that stands for it. */
+#ifndef PN10_DRAW_PIPE_BODY_H
+#define PN10_DRAW_PIPE_BODY_H
+
+#include "draw/gdi_objects.h"
+#include "model/tables.h"
+
+namespace pn10 {
+
+/** What all bodies of a picture share. */
+struct PipeStyle {
+  SelectedPen* pen;
+  SelectedBrush* brush;
+  int32_t paperColor;
+  bool clip, showDevices, showArrows, arrowsAtMid, showMarks;
+  float markSize;
+};
+
+class PipeBody {
+ public:
+  PipeBody(int32_t pipe, const PipeStyle& style);
+  void look(int32_t penWidth, int32_t penColor) {
+    width = penWidth;
+    color = penColor;
+  }
+  /** Paints line, symbols and arrows; false when all of it lies outside the window. */
+  bool paint(bool clearing);
+  /** The pipe's own pen. */
+  void usePen() const { style_.pen->lineStyle(screen_.LineType, width, color); }
+
+  double x1, y1, x2, y2; /* the ends on the world plane */
+  int32_t width = 0, color = 0;
+  int32_t midVertex = 0; /* of a polyline, when someone needs it */
+
+ private:
+  bool outside(double margin) const;
+  bool paintDevice();
+  bool paintArc();
+  bool paintPolyline(bool clearing);
+  bool paintStraight();
+  void paintVertex(Vtx& vtx, double x, double y, bool visible, bool clearing) const;
+  void paintMark(const Vtx& vtx, double x, double y) const;
+  void arrow(double fromX, double fromY, double toX, double toY) const;
+  void useBrush() const;
+
+  const PipeStyle& style_;
+  const int32_t pipe_;
+  const Pdt& pdt_;
+  const PXY& screen_;
+};
+
+}  // namespace pn10
+
+#endif
