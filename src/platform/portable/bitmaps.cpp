@@ -52,9 +52,7 @@ HGDIOBJ selectBitmap(Context& context, Bitmap* bitmap) {
   return old;
 }
 
-Painter* beginOnCopy(Context&, RasterView& view) {
-  return view.ok() ? newRasterPainter(view.raster()) : nullptr;
-}
+Painter* beginOnCopy(Context&, RasterView& view) { return view.ok() ? newRasterPainter(view.raster()) : nullptr; }
 
 int getBitmapObject(const Bitmap& bitmap, int size, void* data) {
   if (!data) return static_cast<int>(sizeof(BITMAP));

@@ -77,7 +77,8 @@ FaceMetrics metricsAt(const Face& face, const CellUnits& units, int32_t em) {
   m.average = at(units.average);
   m.maximum = at(face.ft->bbox.xMax - face.ft->bbox.xMin);
   m.underlineThickness = std::max(1, at(face.ft->underline_thickness));
-  m.underlineTop = 0;
+  const double middle = -static_cast<double>(em) * face.ft->underline_position / static_cast<double>(units.perEm);
+  m.underlineTop = std::max(0, static_cast<int32_t>(std::floor(middle - m.underlineThickness / 2.0)));
   return m;
 }
 

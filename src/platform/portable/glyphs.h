@@ -78,6 +78,9 @@ bool loadOutline(FontData& font, unsigned char character);
 /** The number of a character's glyph in the face. */
 uint32_t glyphIndex(const FontData& font, unsigned char character);
 
+/** The corners of a run's underline. */
+void underlineCorners(const TextRun& run, double (&x)[4], double (&y)[4]);
+
 /** Code page 1252 to Unicode. */
 uint16_t unicodeOf(unsigned char character);
 
