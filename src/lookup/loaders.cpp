@@ -22,10 +22,13 @@ constexpr float kDefaultC1 = 35.0f;
 
 float timesPercent(float value) { return toFloat(value * kPercent); }
 
-/** Whole records of an open file, its header counted; a number beyond int32 gives one that no table can have. */
-int32_t wholeRecords(FILE* file, uint32_t stride) {
-  const int64_t n = fileSize(file) / stride;
-  return n > INT32_MAX ? INT32_MAX : static_cast<int32_t>(n);
+/** Whole records of an open file, its header counted. */
+int64_t wholeRecords(FILE* file, uint32_t stride) { return fileSize(file) / stride; }
+
+/** Zeroed rows 0 to n; null when there is no memory, or more of them than row numbers. */
+template <class Row>
+Row* makeRows(int64_t n) {
+  return n < INT32_MAX ? newTable<Row>(static_cast<int32_t>(n)) : nullptr;
 }
 
 void convert(PLut& row) {
@@ -69,9 +72,9 @@ void convert(WLut&) {}
 void convert(CLut& row) { row.FUEL_RATE *= GetUnitFactor(row.FUEL_UNITS, 0, "FUEL"); }
 
 template <const RecordFormat& Format, class Row>
-void readRows(FILE* file, Row* rows, int32_t n) {
+void readRows(FILE* file, Row* rows, int64_t n) {
   RecordReader<Format> reader(file);
-  for (int32_t i = 1; i < n; i++) {
+  for (int64_t i = 1; i < n; i++) {
     reader.next(&rows[i]);
     convert(rows[i]);
   }
@@ -83,12 +86,12 @@ int32_t load(Lut<Row>& lut, const char* path) {
   lut.count = 0;
   File file(path, "rb");
   if (!file) return kNoFile;
-  const int32_t n = wholeRecords(file.get(), Format.stride);
+  const int64_t n = wholeRecords(file.get(), Format.stride);
   if (n <= 0) return kNoRecord;
-  lut.rows = newTable<Row>(n);
+  lut.rows = makeRows<Row>(n);
   if (!lut.rows) return kNoMemory;
   readRows<Format>(file.get(), lut.rows, n);
-  return lut.count = n;
+  return lut.count = static_cast<int32_t>(n);
 }
 
 template <class Row>
@@ -100,10 +103,10 @@ int32_t init(Lut<Row>& lut) {
 }
 
 /** Empty rows and index entries 0 to n in place of what was there. */
-bool makePLut(int32_t n) {
+bool makePLut(int64_t n) {
   FreePLut();
-  lookups.plut.rows = newTable<PLut>(n);
-  if (lookups.plut.rows && makePLutIndex(n)) return true;
+  lookups.plut.rows = makeRows<PLut>(n);
+  if (lookups.plut.rows && makePLutIndex(static_cast<int32_t>(n))) return true;
   FreePLut();
   return false;
 }
@@ -117,12 +120,12 @@ int32_t ReadPLut(const char* path) {
   lookups.plut.count = 0;
   File file(path, "rb");
   if (!file) return kNoFile;
-  const int32_t n = wholeRecords(file.get(), kPLutFormat.stride);
+  const int64_t n = wholeRecords(file.get(), kPLutFormat.stride);
   if (n <= 0) return kNoRecord;
   if (!makePLut(n)) return kNoMemoryPLut;
   readRows<kPLutFormat>(file.get(), lookups.plut.rows, n);
-  sortPLutIndex(n);
-  return lookups.plut.count = n - 1;
+  sortPLutIndex(static_cast<int32_t>(n));
+  return lookups.plut.count;
 }
 
 int32_t ReadFLut(const char* path) { return load<kFLutFormat>(lookups.flut, path); }

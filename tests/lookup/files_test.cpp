@@ -56,7 +56,7 @@ TEST_F(LookupFiles, every_number_of_a_pipe_size) {
       {"field 16", [](Packed& p) { p.f32(408, 1.5f); }, [] { return lookups.plut.rows[1].FIELD_16; }, 1.5},
   };
   for (const NumberColumn& c : columns) {
-    Packed row = size("K");
+    Packed row = pipeSize("K");
     c.pack(row);
     ASSERT_EQ(files.plut({row}), 1) << c.what;
     EXPECT_FLOAT_EQ(static_cast<float>(c.seen()), static_cast<float>(c.expected)) << c.what;
@@ -221,7 +221,7 @@ TEST_F(LookupFiles, every_column_of_a_compressor_whose_equation_is_not_kept) {
 }
 
 TEST_F(LookupFiles, pipe_sizes_come_in_inches_and_psi) {
-  files.plut({size("100")
+  files.plut({pipeSize("100")
                   .f32(40, 10)
                   .f32(44, 110)
                   .f32(48, 100)
@@ -294,7 +294,7 @@ TEST_F(LookupFiles, regulator_pressures_become_psi_and_the_names_of_regulators_a
 
 TEST_F(LookupFiles, a_line_feed_ends_a_text_and_shifts_what_follows_in_that_record_only) {
   Packed broken = Packed(kPLutStride).text(0, "A\n").f32(2, 3.5f).f32(32, 1.0f);
-  ASSERT_EQ(files.plut({broken, size("B").f32(48, 6)}), 2);
+  ASSERT_EQ(files.plut({broken, pipeSize("B").f32(48, 6)}), 2);
   EXPECT_EQ(std::string(lookups.plut.rows[1].KEY_TEXT), "A\n");
   EXPECT_EQ(lookups.plut.rows[1].WALL, 3.5f) << "taken from right behind the line feed";
   EXPECT_EQ(lookups.plut.rows[2].INSIDE_D, 6.0f);
@@ -384,7 +384,7 @@ TEST_F(LookupFiles, five_loaders_forget_the_old_rows_without_releasing_them) {
 }
 
 TEST_F(LookupFiles, free_calls_release_and_keep_what_they_keep) {
-  files.plut({size("A")});
+  files.plut({pipeSize("A")});
   files.flut({Packed(kFLutStride).text(0, "E")});
   EXPECT_EQ(FreePLut(), 1);
   EXPECT_EQ(FreePLut(), 1);
@@ -401,7 +401,7 @@ TEST_F(LookupFiles, free_calls_release_and_keep_what_they_keep) {
 }
 
 TEST_F(LookupFiles, addresses_lead_to_rows_in_the_order_of_the_record) {
-  files.plut({size("4 INCH").f32(48, 4.026f)});
+  files.plut({pipeSize("4 INCH").f32(48, 4.026f)});
   const auto* row = reinterpret_cast<const PLut*>(GetPLutAddress()) + 1;
   EXPECT_STREQ(row->KEY_TEXT, "4 INCH");
   EXPECT_EQ(row->INSIDE_D, 4.026f);

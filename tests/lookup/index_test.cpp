@@ -16,7 +16,7 @@ class PipeSizes : public testing::Test {
   LutFiles files;
   int32_t load(const std::vector<std::string>& keys) {
     std::vector<Packed> rows;
-    for (const std::string& key : keys) rows.push_back(size(key));
+    for (const std::string& key : keys) rows.push_back(pipeSize(key));
     return files.plut(rows);
   }
 };
@@ -66,8 +66,8 @@ std::vector<std::string> randomKeys(std::mt19937& random, int count, int letters
   std::vector<std::string> keys;
   for (int i = 0; i < count; i++) {
     std::string key = random() % 8 == 0 ? std::string(37, 'p') : "";
-    for (unsigned n = random() % 3 + (random() % 20 != 0); n > 0; n--) {
-      key += static_cast<char>((random() % 5 == 0 ? 0xe0u : 'a') + random() % static_cast<unsigned>(letters));
+    for (auto n = random() % 3 + (random() % 20 != 0); n > 0; n--) {
+      key += static_cast<char>((random() % 5 == 0 ? 0xe0u : 'a') + random() % static_cast<unsigned long>(letters));
     }
     keys.push_back(key);
   }

@@ -162,7 +162,7 @@ TEST_F(CalcLibraryCalls, without_the_library_values_are_zero) {
 
 TEST_F(CalcLibraryCalls, other_modes_are_zero) {
   calcLibrary.calcComp = recordComp;
-  for (int16_t mode : {1, 2, 3, 4, 6, -1}) EXPECT_EQ(CalcCompPower(9, 1, mode), 0.0);
+  for (int16_t mode : std::initializer_list<int16_t>{1, 2, 3, 4, 6, -1}) EXPECT_EQ(CalcCompPower(9, 1, mode), 0.0);
   EXPECT_TRUE(seen.empty());
 }
 

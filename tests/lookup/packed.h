@@ -40,7 +40,7 @@ constexpr size_t kPLutStride = 432, kFLutStride = 436, kRLutStride = 430;
 constexpr size_t kVLutStride = 344, kWLutStride = 324, kCLutStride = 388;
 
 /** A pipe size of this key whose lengths are in inches. */
-inline Packed size(std::string_view key) { return Packed(kPLutStride).text(0, key).f32(70, 1.0f); }
+inline Packed pipeSize(std::string_view key) { return Packed(kPLutStride).text(0, key).f32(70, 1.0f); }
 
 /** Files of a folder of their own, loaded at once. */
 struct LutFiles {

@@ -46,8 +46,8 @@ void expectUnknown(Getter get, const char* name, double result, std::initializer
 }
 
 TEST_F(LookupQueries, every_field_of_a_pipe_size) {
-  files.plut({size("6 STD"),
-              size("4 STD")
+  files.plut({pipeSize("6 STD"),
+              pipeSize("4 STD")
                   .f32(40, 0.25f)
                   .f32(44, 4.5f)
                   .f32(48, 4)
@@ -61,7 +61,7 @@ TEST_F(LookupQueries, every_field_of_a_pipe_size) {
                   .text(88, "Psi")
                   .i16(406, 3)
                   .f32(408, 16.5f),
-              size("4 STD")});
+              pipeSize("4 STD")});
   expectFields(plutVal, 2,
                {{0, 3, "4 STD", "4 STD"},
                 {1, -1, "?", "?"},
@@ -128,7 +128,7 @@ TEST_F(LookupQueries, every_field_of_a_regulator) {
                 {3, 1, "?", "Bar"},
                 {4, 10.5, "?", "?"},
                 {5, 58, "?", "?"},
-                {6, 0, "1", "1"},  // without the calculation library
+                {6, -1, "1", "1"},  // asked by pipe, and there is none
                 {7, 6, "?", "?"},
                 {8, 10.5, "?", "?"},
                 {9, 9, "?", "?"},
@@ -178,8 +178,8 @@ TEST_F(LookupQueries, every_field_of_a_compressor) {
                 {4, 1, "?", "MCfh/hp"},
                 {5, 1, "?", "Hp"},
                 {6, 6.5, "?", "?"},
-                {8, 0, "none", "none"},
-                {9, 0, "none", "none"},
+                {8, -1, "C1", "C1"},
+                {9, -1, "C1", "C1"},
                 {10, 1, "?", "MCfh"},
                 {11, 11, "?", "?"},
                 {12, 1, "?", "C1"},
@@ -254,7 +254,7 @@ TEST_F(LookupQueries, a_bad_row_of_five_lookups_gives_minus_one_even_for_the_cou
 
 TEST_F(LookupQueries, a_bad_pipe_size_row_gives_zero_but_the_table_wide_fields_answer) {
   EXPECT_EQ(GetPLutVal(1, text, 13), 0.0);
-  files.plut({size("A").f32(48, 4)});
+  files.plut({pipeSize("A").f32(48, 4)});
   EXPECT_EQ(GetPLutVal(5, text, 13), 1.0);
   EXPECT_EQ(GetPLutVal(5, text, 2), 0.0);
   EXPECT_EQ(GetPLutVal(32767, text, 6), 0.0);
@@ -264,7 +264,7 @@ TEST_F(LookupQueries, a_bad_pipe_size_row_gives_zero_but_the_table_wide_fields_a
 }
 
 TEST_F(LookupQueries, texts_go_nowhere_without_a_buffer) {
-  files.plut({size("A")});
+  files.plut({pipeSize("A")});
   files.clut({Packed(kCLutStride).text(0, "C").text(62, "Cfh/hp")});
   EXPECT_EQ(GetPLutVal(1, nullptr, 6), 1.0);
   EXPECT_EQ(GetPLutVal(1, nullptr, 0), 0.0);
