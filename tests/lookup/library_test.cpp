@@ -102,7 +102,7 @@ TEST_F(CalcLibraryCalls, a_compressor_hands_over_fifteen_arguments) {
   calcLibrary.calcComp = recordComp;
   EXPECT_EQ(GetCLutVal(9, std::strcpy(text.bytes, "C"), 8), 10.0);
   const std::vector<double> expected = {0, 0, 3000, 87, 58, 0, 0, 0, 0, 0, 520, 1.25, 0, 0, 0};
-  for (size_t i : {0, 1, 2, 3, 4, 7, 10, 11, 12, 13, 14})
+  for (size_t i : {0u, 1u, 2u, 3u, 4u, 7u, 10u, 11u, 12u, 13u, 14u})
     EXPECT_DOUBLE_EQ(seen[i], expected[i]) << "argument " << i + 1;
   EXPECT_NEAR(seen[5], 519.67, 1e-4);
   EXPECT_FLOAT_EQ(float(seen[6]), 0.8f);
