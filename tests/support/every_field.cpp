@@ -15,7 +15,7 @@ class Values {
   double f64() { return next_++ + 0.125; }
   template <size_t N>
   void text(char (&field)[N]) {
-    std::string t = "t" + std::to_string(next_++);
+    std::string t = std::to_string(next_++) + "t";
     t.resize(N - 1, 'x');
     std::memcpy(field, t.c_str(), N);
   }

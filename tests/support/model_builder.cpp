@@ -20,6 +20,11 @@ int32_t addVertices(int32_t owner, int kind, std::initializer_list<Point> points
 
 }  // namespace
 
+std::string nodeName(int32_t number) {
+  std::string name = "N";
+  return name += std::to_string(number);
+}
+
 Ndt nodeRecord(int32_t id, std::string_view name, double x, double y) {
   Ndt n{};
   n.ID = id;
@@ -149,7 +154,7 @@ int32_t addUgd(int kind, double x1, double y1, double x2, double y2, int group) 
 
 int32_t addNode(double x, double y) {
   const int32_t id = GetNextNid();
-  return addNode(nodeRecord(id, "N" + std::to_string(id), x, y));
+  return addNode(nodeRecord(id, nodeName(id), x, y));
 }
 
 int32_t addPipe(int32_t fromNode, int32_t toNode) { return addPipe(pipeRecord(GetNextPid(), fromNode, toNode)); }

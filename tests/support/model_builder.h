@@ -17,6 +17,9 @@ namespace pn10::test {
 
 /* --- records ---------------------------------------------------------------------------------- */
 
+/** "N1", "N2" and so on. */
+std::string nodeName(int32_t number);
+
 /** Records with the given values and zeros elsewhere. */
 Ndt nodeRecord(int32_t id, std::string_view name, double x = 0, double y = 0);
 Pdt pipeRecord(int32_t id, int32_t fromNode, int32_t toNode, int vtxMode = 0);
