@@ -1,0 +1,36 @@
+/** What the targets of the model's readers share: one folder per process, files written anew for every input. */
+#ifndef PN10_FUZZ_ONE_FILE_H
+#define PN10_FUZZ_ONE_FILE_H
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+namespace pn10::fuzz {
+
+/** A model base path in a folder of its own. */
+inline const std::string& base() {
+  static const std::string path = [] {
+    std::string folder = (std::filesystem::temp_directory_path() / "pn10fuzzXXXXXX").string();
+    if (!mkdtemp(folder.data())) std::abort();
+    return folder + "/model";
+  }();
+  return path;
+}
+
+inline void write(const char* extension, const uint8_t* bytes, size_t size) {
+  FILE* const file = std::fopen((base() + extension).c_str(), "wb");
+  if (!file || std::fwrite(bytes, 1, size, file) != size) std::abort();
+  std::fclose(file);
+}
+
+/** A broken promise of the reader is a finding like a crash. */
+inline void require(bool holds) {
+  if (!holds) std::abort();
+}
+
+}  // namespace pn10::fuzz
+
+#endif
