@@ -15,7 +15,8 @@ class Values {
   double f64() { return next_++ + 0.125; }
   template <size_t N>
   void text(char (&field)[N]) {
-    std::string t = std::to_string(next_++) + "t";
+    std::string t = "t";
+    t += std::to_string(next_++);
     t.resize(N - 1, 'x');
     std::memcpy(field, t.c_str(), N);
   }
