@@ -13,6 +13,9 @@ static constexpr double kFlatness = 0.1;
 /* Coordinates are held to what whole-number arithmetic on them can bear. */
 static constexpr double kFar = 4294967296.0;
 
+/** The nearest whole number, halves up, also where rounding errors leave a half just below itself. */
+static double nearest(double v) { return std::floor(v + 0.5 + 1e-9); }
+
 static double held(double v) { return v >= -kFar && v <= kFar ? v : v > 0 ? kFar : v < 0 ? -kFar : 0; }
 
 void FlatPath::begin(double x, double y) {
@@ -69,7 +72,7 @@ void FlatPath::add(const PathFigure& figure, bool closed) {
 bool FlatPath::snap() {
   if (!points_.ok() || !figures_.ok() || !pixels_.resize(points_.size())) return false;
   for (size_t i = 0; i < points_.size(); i++) {
-    pixels_[i] = {toInt32(std::floor(points_[i].x + 0.5)), toInt32(std::floor(points_[i].y + 0.5))};
+    pixels_[i] = {toInt32(nearest(points_[i].x)), toInt32(nearest(points_[i].y))};
   }
   return true;
 }
@@ -117,7 +120,7 @@ void paintPie(const Canvas& canvas, const PaintState& state, const PieShape& pie
   PieShape drawn = pie;
   drawn.box = strokedBox(state, stroke, pie.box);
   PathFigure figure = pieFigure(drawn, false);
-  const auto snap = [](double& x, double& y) { x = std::floor(x + 0.5), y = std::floor(y + 0.5); };
+  const auto snap = [](double& x, double& y) { x = nearest(x), y = nearest(y); };
   snap(figure.startX, figure.startY); /* the corners are whole pixels, so that level radials stay level */
   snap(figure.pieces.front().x3, figure.pieces.front().y3);
   snap(figure.pieces.back().x3, figure.pieces.back().y3);

@@ -5,6 +5,7 @@
 
 #include "platform/portable/arcs.h"
 #include "platform/portable/raster_curve.h"
+#include "platform/portable/raster_sheet.h"
 
 namespace pn10::portable {
 
@@ -33,13 +34,19 @@ void EllipseWalk::onlyRows(int64_t low, int64_t high) {
   end_ = std::min(height_, std::max(high, height_ - low));
 }
 
-/** The outermost column of the outline in a row, by the equation. */
+/**
+ * The outermost column of the outline in a row below the middle, by the equation: the nearest column where the curve
+ * is steep, the first column whose nearest row this is where it is flat.
+ */
 int64_t EllipseWalk::farColumn(int64_t row) const {
   const double radiusX = static_cast<double>(width_ - 1) / 2, radiusY = static_cast<double>(height_ - 1) / 2;
-  if (radiusY <= 0) return 0;
-  const double y = (static_cast<double>(row) - radiusY) / radiusY;
-  const double x = y * y < 1 ? radiusX * std::sqrt(1 - y * y) : 0;
-  return std::min(static_cast<int64_t>(std::ceil(radiusX - x - 0.5)), (width_ - 1) / 2);
+  const auto column = [&](double y) {
+    const double part = radiusY > 0 ? (y - radiusY) / radiusY : 0;
+    return radiusX - (part * part < 1 ? radiusX * std::sqrt(1 - part * part) : 0);
+  };
+  const double y = static_cast<double>(row), at = column(y), before = y - 0.5 > radiusY ? column(y - 0.5) : 0;
+  const double nearest = at - before > 0.5 ? std::ceil(before) : std::ceil(at - 0.5);
+  return std::min(static_cast<int64_t>(nearest), (width_ - 1) / 2);
 }
 
 bool EllipseWalk::next() {
@@ -112,6 +119,31 @@ void paintRing(const Canvas& canvas, const Stroke& stroke, int64_t left, int64_t
   }
 }
 
+constexpr int64_t kStamped = 256; /* pens up to this width are stamped along outlines that are no circles */
+
+/** A wide pen's dot on every pixel of the outline, whole runs of them at once. */
+void stampOutline(const Canvas& canvas, const Stroke& stroke, int64_t left, int64_t top, int64_t width,
+                  int64_t height) {
+  const int64_t pen = stroke.width, reach = pen / 2;
+  int64_t dot[kStamped]; /* how far each row of the dot is drawn in */
+  EllipseWalk round(pen, pen);
+  while (round.next()) dot[round.upper] = dot[round.lower] = round.outer;
+  Sheet sheet(canvas, stroke.ink);
+  EllipseWalk walk(width, height);
+  walk.onlyRows(canvas.clip.top - top - pen, canvas.clip.bottom - top + pen);
+  while (walk.next()) {
+    const int64_t first = left - reach + walk.outer, last = left - reach + walk.inner;
+    const int64_t mirroredFirst = left - reach + width - 1 - walk.inner,
+                  mirroredLast = left - reach + width - 1 - walk.outer;
+    for (int64_t y : {walk.upper, walk.lower}) {
+      for (int64_t j = 0; j < pen; j++) {
+        sheet.span(top - reach + y + j, first + dot[j], last + pen - dot[j]);
+        sheet.span(top - reach + y + j, mirroredFirst + dot[j], mirroredLast + pen - dot[j]);
+      }
+    }
+  }
+}
+
 }  // namespace
 
 void paintEllipse(const Canvas& canvas, const PaintState& state, const RECT& box) {
@@ -131,6 +163,7 @@ void paintEllipse(const Canvas& canvas, const PaintState& state, const RECT& box
   const bool dashed = stroke.dashes.count > 0;
   if (stroke.kind == Stroke::kThin && !dashed) return paintOutline(canvas, stroke.ink, left, top, width, height);
   if (width == height && !dashed) return paintRing(canvas, stroke, left, top, width);
+  if (stroke.width <= kStamped && !dashed) return stampOutline(canvas, stroke, left, top, width, height);
   FlatPath outline;
   outline.add(ellipseFigure(figure, false), true);
   outline.stroke(canvas, stroke);
