@@ -234,6 +234,7 @@ Path elbow() {
   PathFigure f{5, 10, {}, false};
   f.pieces.push_back({true, 21, 10, 34, 23, 34, 40});
   f.pieces.push_back({false, 0, 0, 0, 0, 25, 40});
+  f.pieces.push_back({false, 0, 0, 0, 0, 24, 40});
   f.pieces.push_back({true, 24, 29, 15, 20, 5, 20});
   f.pieces.push_back({false, 0, 0, 0, 0, 5, 10});
   return {f};

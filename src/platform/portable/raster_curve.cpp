@@ -8,11 +8,12 @@
 
 namespace pn10::portable {
 
-/* Largest distance of a curve from its sides, in pixels; below half a pixel of the wide pens' edges too. */
-static constexpr double kFlatness = 0.1;
+/* How far a curve's control points may lie from its chord before it is halved. A pixel gives the sides that one-pixel
+   outlines and fills are made of; wide pens would show the corners and take finer ones. */
+static constexpr double kCoarse = 1, kFine = 0.1;
+static constexpr int32_t kMostHalvings = 16;
 /* Coordinates are held to what whole-number arithmetic on them can bear. */
 static constexpr double kFar = 4294967296.0;
-
 /** The nearest whole number, halves up, also where rounding errors leave a half just below itself. */
 static double nearest(double v) { return std::floor(v + 0.5 + 1e-9); }
 
@@ -25,21 +26,42 @@ void FlatPath::begin(double x, double y) {
 
 void FlatPath::lineTo(double x, double y) { begin(x, y); }
 
+/** Whether both control points lie on the chord or within a tolerance beside it, measured across its longer axis. */
+static bool isFlat(const Curve& c, double tolerance) {
+  double dx = c.x[3] - c.x[0], dy = c.y[3] - c.y[0];
+  const bool tall = std::fabs(dy) > std::fabs(dx);
+  if (tall) std::swap(dx, dy);
+  const double way = dx < 0 ? -1 : 1, length = std::fabs(dx), slope = length > 0 ? dy / dx : 0;
+  for (int32_t i = 1; i <= 2; i++) {
+    double along = c.x[i] - c.x[0], across = c.y[i] - c.y[0];
+    if (tall) std::swap(along, across);
+    if (along * way < -tolerance || along * way > length + tolerance) return false;
+    if (std::fabs(across - along * slope) > tolerance) return false;
+  }
+  return true;
+}
+
+void FlatPath::halve(const Curve& c, int32_t halvings) {
+  if (!halvings || isFlat(c, tolerance_)) return points_.add({c.x[3], c.y[3], true});
+  Curve first, second;
+  const auto split = [](const double* p, double* low, double* high) {
+    const double middle = (p[1] + p[2]) / 2;
+    low[0] = p[0], low[1] = (p[0] + p[1]) / 2, low[2] = (low[1] + middle) / 2;
+    high[3] = p[3], high[2] = (p[2] + p[3]) / 2, high[1] = (middle + high[2]) / 2;
+    low[3] = high[0] = (low[2] + high[1]) / 2;
+  };
+  split(c.x, first.x, second.x);
+  split(c.y, first.y, second.y);
+  halve(first, halvings - 1);
+  halve(second, halvings - 1);
+}
+
 void FlatPath::curveTo(double x1, double y1, double x2, double y2, double x3, double y3) {
   if (!points_.size()) return;
   StrokePoint& start = points_[points_.size() - 1];
   start.smooth = afterCurve_;
-  const double x0 = start.x, y0 = start.y;
-  x1 = held(x1), y1 = held(y1), x2 = held(x2), y2 = held(y2), x3 = held(x3), y3 = held(y3);
-  const double bend =
-      std::max(std::hypot(x0 - 2 * x1 + x2, y0 - 2 * y1 + y2), std::hypot(x1 - 2 * x2 + x3, y1 - 2 * y2 + y3));
-  const int32_t sides = std::clamp(toInt32(std::ceil(std::sqrt(0.75 * bend / kFlatness))), 1, 1 << 16);
-  for (int32_t i = 1; i < sides; i++) {
-    const double t = static_cast<double>(i) / sides, u = 1 - t;
-    const double a = u * u * u, b = 3 * u * u * t, c = 3 * u * t * t, d = t * t * t;
-    points_.add({a * x0 + b * x1 + c * x2 + d * x3, a * y0 + b * y1 + c * y2 + d * y3, true});
-  }
-  points_.add({x3, y3, false});
+  halve({{start.x, held(x1), held(x2), held(x3)}, {start.y, held(y1), held(y2), held(y3)}}, kMostHalvings);
+  if (points_.ok()) points_[points_.size() - 1].smooth = false;
   afterCurve_ = true;
 }
 
@@ -114,6 +136,27 @@ RECT strokedBox(const PaintState& state, const Stroke& stroke, const RECT& box) 
   return drawn;
 }
 
+/** Fills and strokes figures; what is filled is closed for the stroke as well. */
+static void paintFigures(const Canvas& canvas, const PaintState& state, const Path& path, const Stroke& stroke,
+                         bool filled) {
+  const Fill fill = filled ? fillOf(state) : Fill{};
+  const auto flattened = [&](FlatPath& flat) -> FlatPath& {
+    for (const PathFigure& figure : path) flat.add(figure, figure.closed || filled);
+    return flat;
+  };
+  FlatPath coarse(kCoarse), fine(kFine);
+  const bool wide = stroke.kind == Stroke::kWide;
+  if (fill.visible || !wide) flattened(coarse).fill(canvas, fill, state.fillMode);
+  if (stroke.kind != Stroke::kNone) (wide ? flattened(fine) : coarse).stroke(canvas, stroke);
+}
+
+/** An outline that no walk paints: dashed, or very wide. */
+void strokeEllipse(const Canvas& canvas, const Stroke& stroke, const RECT& box) {
+  FlatPath outline(stroke.kind == Stroke::kWide ? kFine : kCoarse);
+  outline.add(ellipseFigure(box, false), true);
+  outline.stroke(canvas, stroke);
+}
+
 void paintPie(const Canvas& canvas, const PaintState& state, const PieShape& pie) {
   if (canvas.empty() || pie.box.left >= pie.box.right || pie.box.top >= pie.box.bottom) return;
   const Stroke stroke = strokeOf(state);
@@ -124,18 +167,12 @@ void paintPie(const Canvas& canvas, const PaintState& state, const PieShape& pie
   snap(figure.startX, figure.startY); /* the corners are whole pixels, so that level radials stay level */
   snap(figure.pieces.front().x3, figure.pieces.front().y3);
   snap(figure.pieces.back().x3, figure.pieces.back().y3);
-  FlatPath flat;
-  flat.add(figure, true);
-  flat.fill(canvas, fillOf(state), state.fillMode);
-  flat.stroke(canvas, stroke);
+  paintFigures(canvas, state, {figure}, stroke, true);
 }
 
 void paintPath(const Canvas& canvas, const PaintState& state, const Path& path, bool stroke, bool fill) {
   if (canvas.empty()) return;
-  FlatPath flat;
-  for (const PathFigure& figure : path) flat.add(figure, figure.closed || (stroke && fill));
-  if (fill) flat.fill(canvas, fillOf(state), state.fillMode);
-  if (stroke) flat.stroke(canvas, strokeOf(state));
+  paintFigures(canvas, state, path, stroke ? strokeOf(state) : Stroke{}, fill);
 }
 
 }  // namespace pn10::portable

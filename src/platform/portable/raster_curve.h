@@ -26,9 +26,16 @@ class Growing {
   bool ok_ = true;
 };
 
+/** A cubic Bezier curve. */
+struct Curve {
+  double x[4], y[4];
+};
+
 /** Figures of straight sides, from lines and curves; coordinates keep their fractions for wide pens. */
 class FlatPath {
  public:
+  /** `tolerance`: how far a curve's control points may lie from a side, in pixels. */
+  explicit FlatPath(double tolerance) : tolerance_(tolerance) {}
   void add(const PathFigure& figure, bool closed);
 
   void fill(const Canvas& canvas, const Fill& fill, int mode);
@@ -42,14 +49,18 @@ class FlatPath {
   void begin(double x, double y);
   void lineTo(double x, double y);
   void curveTo(double x1, double y1, double x2, double y2, double x3, double y3);
+  void halve(const Curve& curve, int32_t halvings);
   void end(bool closed);
   bool snap();
 
+  const double tolerance_;
   Growing<StrokePoint> points_;
   Growing<Figure> figures_;
   Buffer<POINT> pixels_; /* points_ rounded */
   bool afterCurve_ = false, beginsWithCurve_ = false;
 };
+
+void strokeEllipse(const Canvas& canvas, const Stroke& stroke, const RECT& box);
 
 /** The box that a shape's outline follows: a pen inside the frame draws it in by its reach. */
 RECT strokedBox(const PaintState& state, const Stroke& stroke, const RECT& box);

@@ -3,7 +3,6 @@
 
 #include <cmath>
 
-#include "platform/portable/arcs.h"
 #include "platform/portable/raster_curve.h"
 #include "platform/portable/raster_sheet.h"
 
@@ -164,9 +163,7 @@ void paintEllipse(const Canvas& canvas, const PaintState& state, const RECT& box
   if (stroke.kind == Stroke::kThin && !dashed) return paintOutline(canvas, stroke.ink, left, top, width, height);
   if (width == height && !dashed) return paintRing(canvas, stroke, left, top, width);
   if (stroke.width <= kStamped && !dashed) return stampOutline(canvas, stroke, left, top, width, height);
-  FlatPath outline;
-  outline.add(ellipseFigure(figure, false), true);
-  outline.stroke(canvas, stroke);
+  strokeEllipse(canvas, stroke, figure);
 }
 
 }  // namespace pn10::portable
