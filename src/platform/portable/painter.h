@@ -118,7 +118,7 @@ uint32_t paintedColor(COLORREF color);
 Painter* newRasterPainter(const Raster& raster);
 
 /** Paints a run of glyphs and its OPAQUE cell into a raster: the text half of the raster painter. */
-__attribute__((weak)) void paintRasterText(const Raster& raster, const PaintState& state, const TextRun& run);
+void paintRasterText(const Raster& raster, const PaintState& state, const TextRun& run);
 
 /** True when a pen paints nothing. */
 inline bool isNullPen(const PenData& pen) { return pen.style == PS_NULL; }

@@ -39,9 +39,7 @@ class RasterPainter final : public Painter {
   void path(const PaintState& state, const Path& path, bool stroke, bool fill) override {
     paintPath(Canvas(raster_, state.clip), state, path, stroke, fill);
   }
-  void text(const PaintState& state, const TextRun& run) override {
-    if (paintRasterText) paintRasterText(raster_, state, run);
-  }
+  void text(const PaintState& state, const TextRun& run) override { paintRasterText(raster_, state, run); }
   void blit(const PaintState& state, const Blit& blit) override { paintBlit(Canvas(raster_, state.clip), state, blit); }
 
  private:
