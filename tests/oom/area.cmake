@@ -1,0 +1,3 @@
+# Every allocation and every opening of a file by the library goes through faults.cpp first.
+target_link_options(test_oom PRIVATE
+  -Wl,--wrap=malloc -Wl,--wrap=calloc -Wl,--wrap=realloc -Wl,--wrap=free -Wl,--wrap=fopen)
