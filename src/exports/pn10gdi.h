@@ -531,9 +531,24 @@ typedef struct UnitOpts {
  * Called once before anything is loaded. Every setting is 0 or empty until its setter ran.
  * ---------------------------------------------------------------------------------------------- */
 
+/**
+ * Sets the two data paths and makes red (255) the colour of pipes that are off.
+ * @param dataPath    prefix of the files of a trace, with its last separator; null counts as empty
+ * @param secondPath  kept for the host
+ * @return 0
+ */
 PN10_EXPORT int32_t PN10_CALL SetGlobalGDI(const char* dataPath, const char* secondPath);
+/**
+ * Sets unit texts and factors of labels and computed lengths. Texts keep 40 characters; null counts as empty.
+ * @param velUnits, velFactor  velocity units and the divisor of the velocity label; 0 acts as 1
+ * @param elevUnits, coordUnits  units of the elevation label and of the X, Y and Z labels
+ * @param effFactor     factor of the total efficiency label; 0 acts as 1 where it divides
+ * @param lengthFactor  of computed lengths: 0 plane, positive a factor, negative when coordinates are degrees
+ * @param tolerance     distance below which points coincide, in model units
+ */
 PN10_EXPORT void PN10_CALL SetGlobalUnits(const char* velUnits, const char* elevUnits, const char* coordUnits,
                                           float velFactor, float effFactor, float lengthFactor, float tolerance);
+/** Stores a cancel flag. Nothing looks at it: long passes watch the keyboard. */
 PN10_EXPORT void PN10_CALL SetAppCancel(int16_t cancelFlag);
 PN10_EXPORT void PN10_CALL SetBaseCond(float baseP, float baseT, const char* patmUnits, const char* tempUnits,
                                        const char* visUnits, const char* hvUnits);
@@ -652,8 +667,38 @@ PN10_EXPORT intptr_t PN10_CALL GetRdxAddress(void);
  * Base is the model path without extension.
  * ---------------------------------------------------------------------------------------------- */
 
+/**
+ * Loads <base>.vtx into the vertex table. A table that is there is forgotten, not freed: call FreeModel first.
+ * @param base    model path without extension
+ * @param noFile  nonzero: no file is looked at, the table is empty
+ * @return the vertex count, 0 also when there is no file; -1 no memory; -2 the file does not open again
+ */
 PN10_EXPORT int32_t PN10_CALL ReadVtx(const char* base, int16_t noFile);
+/**
+ * Loads <base>.ndt into the node table and makes the node screen table and the reference table (10 rows).
+ *
+ * Tables that are there are forgotten, not freed: call FreeModel first. Sets the last node id and the last node-name
+ * number, the highest whole number below 2000000000 that a name begins with. What a file ends before keeps the values
+ * of the record before it.
+ * @param base     model path without extension
+ * @param noFile   nonzero: no file is looked at, the tables are empty
+ * @param version  of the model's files; those of 10.0 carry no comparison fields, which become 0
+ * @return the last node-name number, 0 for an empty file; -1 no memory, no table stays; -2 the file does not open
+ */
 PN10_EXPORT int32_t PN10_CALL ReadNdt(const char* base, int16_t noFile, float version);
+/**
+ * Loads <base>.pdt into the pipe table and makes the pipe screen table. ReadVtx, ReadNdt and the facility table come
+ * first: each pipe is bound to its vertices, takes its facility's settings, hands them to its end nodes and is measured.
+ *
+ * A pipe whose vertices are missing becomes straight (VTX_MODE 0). Sets the last pipe id (ids below 2000000000) and
+ * the last group id. Tables that are there are forgotten, not freed.
+ * @param base    model path without extension
+ * @param defaultEquation       flow equation of pipes and facilities that name none
+ * @param defaultPressureUnits  units text of nodes whose facility asks for the default; null counts as empty
+ * @param noFile  nonzero: no file is looked at, the tables are empty
+ * @return the last pipe id, 0 for an empty file; -1 no memory; -2 the file does not open; -100 a node reference is
+ *         negative or above the node count: the pipes up to that one stand
+ */
 PN10_EXPORT int32_t PN10_CALL ReadPdt(const char* base, int16_t defaultEquation, const char* defaultPressureUnits,
                                       int16_t noFile);
 PN10_EXPORT int32_t PN10_CALL ReadCdt(const char* base, int16_t noFile);
@@ -1406,68 +1451,159 @@ PN10_EXPORT int32_t PN10_CALL DrawPict(int32_t firstPipe, int32_t lastPipe, int3
  * Edit: grow, count, copy, delete
  * ---------------------------------------------------------------------------------------------- */
 
+/**
+ * Grows or shrinks a table to the records 0 to highestRecord. What is beyond is gone, what is new is zero; some calls
+ * clear more. Grow table and screen table, then count (GetNextNdtCnt and kin), then set the fields. No call but
+ * ReallocFdt changes a count. Addresses of the table end with the call.
+ * @return 1; 0 without memory or for a negative number: the table is gone then, its pointer null, and the model at
+ *         its end
+ */
 PN10_EXPORT int32_t PN10_CALL ReallocCXY(int32_t highestRecord);
+/** Likewise. Clears LINK_ID and LOAD_UNITS of the last record unless the count is above it. */
 PN10_EXPORT int32_t PN10_CALL ReallocCdt(int32_t highestRecord);
+/** Likewise. Records from the node count (the present last node among them) to the last become as after InitNXY. */
 PN10_EXPORT int32_t PN10_CALL ReallocNXY(int32_t highestRecord);
+/** Likewise. Clears NODENAME, P_UNITS and Q_UNITS of the last record unless the count is above it. */
 PN10_EXPORT int32_t PN10_CALL ReallocNdt(int32_t highestRecord);
+/** Likewise. */
 PN10_EXPORT int32_t PN10_CALL ReallocPXY(int32_t highestRecord);
+/** Likewise. Clears the six texts of the last record but its date, unless the count is above it. */
 PN10_EXPORT int32_t PN10_CALL ReallocPdt(int32_t highestRecord);
+/** Likewise for graphic text; rows beyond give their text back. @return 1, or -1 without memory */
 PN10_EXPORT int32_t PN10_CALL ReallocTXY(int32_t highestRecord);
+/** Likewise. */
 PN10_EXPORT int32_t PN10_CALL ReallocVtx(int32_t highestRecord);
+/** Likewise. Fittings behind the old count get pipe id and number 0, and the fitting count becomes highestRecord. */
 PN10_EXPORT int32_t PN10_CALL ReallocFdt(int32_t highestRecord);
+/** Hands out the next free node id: the last one goes up by 1 and is returned. */
 PN10_EXPORT int32_t PN10_CALL GetNextNid(void);
+/** Hands out the next free pipe id. */
 PN10_EXPORT int32_t PN10_CALL GetNextPid(void);
+/** Hands out the next free customer id. */
 PN10_EXPORT int32_t PN10_CALL GetNextCid(void);
+/** Adds `step` to the last node-name number and returns it: the number for a new node's name. */
 PN10_EXPORT int32_t PN10_CALL GetNextNode(int16_t step);
+/** Counts one more node and returns the count, which is the record number of the new node. */
 PN10_EXPORT int32_t PN10_CALL GetNextNdtCnt(void);
+/** Counts one more pipe. */
 PN10_EXPORT int32_t PN10_CALL GetNextPdtCnt(void);
+/** Counts one more customer. */
 PN10_EXPORT int32_t PN10_CALL GetNextCdtCnt(void);
+/** Counts one more vertex. */
 PN10_EXPORT int32_t PN10_CALL GetNextVtxCnt(void);
+/** The highest live node (REC_STATUS not -1) below the count; the top record itself is not looked at. 0 for none. */
 PN10_EXPORT int32_t PN10_CALL GetLastNdt(void);
+/** Likewise for pipes. */
 PN10_EXPORT int32_t PN10_CALL GetLastPdt(void);
+/** Likewise for customers. */
 PN10_EXPORT int32_t PN10_CALL GetLastCdt(void);
+/** Copies a whole record to another slot; numbers without a slot copy nothing, here and below. @return 1 */
 PN10_EXPORT int32_t PN10_CALL CopyNdt(int32_t fromNode, int32_t toNode);
+/** Copies a whole customer record. */
 PN10_EXPORT void PN10_CALL CopyCdt(int32_t fromCust, int32_t toCust);
+/** Copies a whole vertex record. */
 PN10_EXPORT void PN10_CALL CopyVtx(int32_t fromVtx, int32_t toVtx);
+/** Copies a whole fitting record. @return 1 */
 PN10_EXPORT int32_t PN10_CALL CopyFdt(int32_t fromFtg, int32_t toFtg);
+/** Copies a node's screen record. @return -1 */
 PN10_EXPORT int32_t PN10_CALL CopyNXY(int32_t fromNode, int32_t toNode);
+/** Copies a pipe's screen record. @return -1 */
 PN10_EXPORT int32_t PN10_CALL CopyPXY(int32_t fromPipe, int32_t toPipe);
+/** Copies a customer's screen record. @return -1 */
 PN10_EXPORT int32_t PN10_CALL CopyCXY(int32_t fromCust, int32_t toCust);
+/**
+ * Copies a pipe and, on request, its fittings.
+ * @param fittings  0: the copy counts none (FTG_EQ_LENGTH stays as copied); 1: the first FTG_COUNT fittings of the
+ *                  source are copied behind the last one, without FTG_FLAG; any other value: nothing is done about them
+ * @param newId     id of the copy and owner of the copied fittings; 0 keeps the id in the record
+ * @return -1
+ */
 PN10_EXPORT int32_t PN10_CALL CopyPdt(int32_t fromPipe, int32_t toPipe, int16_t fittings, int32_t newId);
+/** Marks a node deleted (REC_STATUS -1). Nothing else changes; the slot stays until a save or a sort. */
 PN10_EXPORT void PN10_CALL DelNode(int32_t node);
+/** Marks a pipe deleted. */
 PN10_EXPORT void PN10_CALL DelPipe(int32_t pipe);
+/** Marks a customer deleted. */
 PN10_EXPORT void PN10_CALL DelCust(int32_t cust);
+/**
+ * Deletes a pipe with what hangs on it, under the wait cursor.
+ * @param orphanNodes  nonzero: end nodes that no pipe with a REC_STATUS of 0 or more touches are deleted; with a
+ *                     newStatus of 0 or more the pipe itself still touches them
+ * @param customers    nonzero: its customers are deleted, the first CUST_COUNT of them, or all when that is 0
+ * @param newStatus    REC_STATUS of the pipe, -1 to delete it
+ * @return 1
+ */
 PN10_EXPORT int32_t PN10_CALL DelPipePXY(int32_t pipe, int16_t orphanNodes, int16_t customers, int16_t newStatus);
+/** Marks the graphic texts of a group type from a record on deleted. @return how many it marked */
 PN10_EXPORT int32_t PN10_CALL DelLegend(int32_t firstText, int16_t groupType);
+/** Marks the user graphics of a group type from a record on deleted. @return how many it marked */
 PN10_EXPORT int32_t PN10_CALL DelBOM(int32_t firstGraphic, int16_t groupType);
+/** Marks a graphic text deleted. @return 1 for 0 to the text count, else 0 */
 PN10_EXPORT int32_t PN10_CALL DelTXY(int32_t textRecord);
+/** Moves a graphic text to a place of the model. @return 1 */
 PN10_EXPORT int32_t PN10_CALL MoveTXY(int32_t textRecord, double x, double y);
+/** Takes a vertex from its owner (VTX_OWNER 0). @return -1 */
 PN10_EXPORT int32_t PN10_CALL KillVtx(int32_t vtx);
 
 /* ------------------------------------------------------------------------------------------------
  * Edit: screen records, flags, addresses
  * ---------------------------------------------------------------------------------------------- */
 
+/** Resets a node's screen record: colour -1, all else 0. */
 PN10_EXPORT void PN10_CALL InitNXY(int32_t node);
+/** Resets a pipe's screen record: colour and trace colour -1, all else 0. */
 PN10_EXPORT void PN10_CALL InitPXY(int32_t pipe);
+/** Resets a customer's screen record: colour and trace colour -1, all else 0. */
 PN10_EXPORT void PN10_CALL InitCXY(int32_t cust);
+/**
+ * Prepares an edited node for the next picture: to be drawn, hilite off.
+ * @param recolour  nonzero: the colour becomes COLOR, or for a negative one the default of ViewOpts, NodeSpecialColor
+ *                  for a node with a HYD_TYPE
+ * @return 1
+ */
 PN10_EXPORT int32_t PN10_CALL UpdateNXY(int32_t node, int32_t recolour);
+/**
+ * Prepares an edited pipe for the next picture: hilite off, vertex run set.
+ * @param firstVtx, lastVtx  its run, kept as it is when one is negative; both become 0 for a pipe with VTX_MODE 0
+ * @param recolour           nonzero: SetPipeColor
+ * @return 1
+ */
 PN10_EXPORT int32_t PN10_CALL UpdatePXY(int32_t pipe, int32_t firstVtx, int32_t lastVtx, int16_t recolour);
+/**
+ * Prepares an edited customer for the next picture.
+ * @param firstVtx, lastVtx  its service line, kept as it is when both are negative; a first above the last means none
+ *                           and sets VTX_MODE to 0
+ * @param recolour           nonzero: the colour becomes COLOR, or for a negative one CustColor of ViewOpts
+ * @param redraw             nonzero: to be drawn
+ * @return 1
+ */
 PN10_EXPORT int32_t PN10_CALL UpdateCXY(int32_t cust, int32_t firstVtx, int32_t lastVtx, int16_t recolour,
                                         int16_t redraw);
+/** Stores the low byte of `value` in the flag byte of a pipe. @return -1 */
 PN10_EXPORT int32_t PN10_CALL FlagPipe(int32_t pipe, int16_t value);
+/** Stores the low byte of `value` in the flag byte of a customer. @return -1 */
 PN10_EXPORT int32_t PN10_CALL FlagCust(int32_t cust, int16_t value);
+/** Gives first and last vertex of a pipe, 0 for none; out arguments may be null. @return -1 */
 PN10_EXPORT int32_t PN10_CALL GetPXY(int32_t pipe, int32_t* firstVtx, int32_t* lastVtx);
+/** Gives place, tap place, first and last vertex of a customer; out arguments may be null. @return -1 */
 PN10_EXPORT int32_t PN10_CALL GetCXY(int32_t cust, double* x, double* y, double* tapX, double* tapY, int32_t* firstVtx,
                                      int32_t* lastVtx);
+/** Stores two places on a service line, each a vertex and a fraction of the way behind it. @return 0 */
 PN10_EXPORT int32_t PN10_CALL SetCXYChange(int32_t cust, int32_t vertexA, float fractionA, int32_t vertexB,
                                            float fractionB);
+/** Address of slot 0 of the node table, 0 without one; valid until the table grows or is released. */
 PN10_EXPORT intptr_t PN10_CALL GetNdtAddress(void);
+/** Likewise of the pipe table. */
 PN10_EXPORT intptr_t PN10_CALL GetPdtAddress(void);
+/** Likewise of the customer table. */
 PN10_EXPORT intptr_t PN10_CALL GetCdtAddress(void);
+/** Likewise of the pipe screen table. */
 PN10_EXPORT intptr_t PN10_CALL GetPXYAddress(void);
+/** REC_STATUS of a node; 0 for a number without a slot. */
 PN10_EXPORT int32_t PN10_CALL GetNdtChanged(int32_t node);
+/** REC_STATUS of a pipe. */
 PN10_EXPORT int32_t PN10_CALL GetPdtChanged(int32_t pipe);
+/** REC_STATUS of a customer. */
 PN10_EXPORT int32_t PN10_CALL GetCdtChanged(int32_t cust);
 
 /* ------------------------------------------------------------------------------------------------
@@ -1508,12 +1644,19 @@ PN10_EXPORT int32_t PN10_CALL SaveFac(const char* path, const char* title);
  * Nothing is released implicitly: whoever loads calls these.
  * ---------------------------------------------------------------------------------------------- */
 
+/**
+ * Releases nodes, pipes, customers, vertices, texts, user graphics, header lines, references and the pipe lookup, and
+ * zeroes their counts. Ids handed out go on from where they are; fittings, facilities, layers, the other lookups and
+ * the undo journal have calls of their own. Calling it again does nothing.
+ */
 PN10_EXPORT void PN10_CALL FreeModel(void);
+/** Releases the fittings. @return 1, or 0 when there was no table */
 PN10_EXPORT int32_t PN10_CALL FreeFdt(void);
 PN10_EXPORT int32_t PN10_CALL FreeFac(void);
 PN10_EXPORT int32_t PN10_CALL FreePLut(void);
 PN10_EXPORT int32_t PN10_CALL FreeLut(void);
 PN10_EXPORT void PN10_CALL FreeHQDll(void);
+/** Does nothing. @return 0 */
 PN10_EXPORT int32_t PN10_CALL cnull(void);
 
 #ifdef __cplusplus
