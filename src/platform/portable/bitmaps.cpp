@@ -12,7 +12,7 @@ namespace pn10::portable {
 
 Bitmap* newBitmap(const PixelFormat& format, int32_t width, int32_t height, bool topDown) {
   const int64_t stride = rowBytes(width, format.bits);
-  if (width < 1 || height < 1 || stride * height > INT32_MAX) return nullptr;
+  if (width < 1 || height < 1 || stride > INT32_MAX / height) return nullptr;
   Bitmap* bitmap = new (std::nothrow) Bitmap{};
   if (!bitmap) return nullptr;
   bitmap->kind = Kind::Bitmap;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <new>
 #include <numbers>
 
@@ -56,13 +57,27 @@ void layPath(cairo_t* cairo, const Path& path, double shift) {
   }
 }
 
+cairo_status_t writeBytes(void* file, const unsigned char* bytes, unsigned int count) {
+  const bool written = std::fwrite(bytes, 1, count, static_cast<std::FILE*>(file)) == count;
+  return written ? CAIRO_STATUS_SUCCESS : CAIRO_STATUS_WRITE_ERROR;
+}
+
+/** What a painter paints on: a raster, whose sharp painter does text and pictures, or a page that goes to a file. */
+struct Target {
+  cairo_surface_t* surface;
+  Painter* sharp;
+  std::FILE* file;
+  double scale;
+  POINT origin;
+};
+
 class CairoPainter final : public VectorPainter {
  public:
-  /** Takes the surface over. `sharp` paints text and pictures of a raster; null on paper. */
-  CairoPainter(cairo_surface_t* surface, Painter* sharp, double scale, POINT origin)
-      : surface_(surface), cairo_(cairo_create(surface)), sharp_(sharp) {
-    cairo_scale(cairo_, scale, scale);
-    cairo_translate(cairo_, origin.x, origin.y);
+  /** Takes the surface and the file over. */
+  explicit CairoPainter(const Target& target)
+      : surface_(target.surface), cairo_(cairo_create(surface_)), sharp_(target.sharp), file_(target.file) {
+    cairo_scale(cairo_, target.scale, target.scale);
+    cairo_translate(cairo_, target.origin.x, target.origin.y);
     cairo_set_line_join(cairo_, CAIRO_LINE_JOIN_ROUND);
   }
   ~CairoPainter() override { finish(); }
@@ -77,6 +92,7 @@ class CairoPainter final : public VectorPainter {
     whole_ = whole_ && cairo_surface_status(surface_) == CAIRO_STATUS_SUCCESS;
     cairo_surface_destroy(surface_);
     surface_ = nullptr;
+    if (file_ && std::fclose(file_) != 0) whole_ = false;
     return whole_;
   }
 
@@ -241,19 +257,21 @@ class CairoPainter final : public VectorPainter {
   cairo_surface_t* surface_;
   cairo_t* cairo_;
   Painter* sharp_;
+  std::FILE* file_;
   bool whole_ = false;
   RECT clip_{-(1 << 30), -(1 << 30), 1 << 30, 1 << 30};
 };
 
-/** A painter of a surface, which is destroyed when there is no memory for it or it can't be painted. */
-CairoPainter* paintOn(cairo_surface_t* surface, Painter* sharp, double scale, POINT origin) {
-  if (cairo_surface_status(surface) == CAIRO_STATUS_SUCCESS) {
-    auto* painter = new (std::nothrow) CairoPainter(surface, sharp, scale, origin);
+/** A painter of a target, which is given up when there is no memory for it or it can't be painted. */
+CairoPainter* paintOn(const Target& target) {
+  if (cairo_surface_status(target.surface) == CAIRO_STATUS_SUCCESS) {
+    auto* painter = new (std::nothrow) CairoPainter(target);
     if (painter && painter->ok()) return painter;
     delete painter;
     if (painter) return nullptr;
   }
-  cairo_surface_destroy(surface);
+  cairo_surface_destroy(target.surface);
+  if (target.file) std::fclose(target.file);
   return nullptr;
 }
 
@@ -263,13 +281,15 @@ Painter* newSmoothPainter(const Raster& raster, Painter* sharp) {
   cairo_surface_t* surface = cairo_image_surface_create_for_data(
       reinterpret_cast<unsigned char*>(raster.pixels), CAIRO_FORMAT_RGB24, raster.width, raster.height,
       static_cast<int>(raster.stride * ptrdiff_t{sizeof(uint32_t)}));
-  return paintOn(surface, sharp, 1, {0, 0});
+  return paintOn({surface, sharp, nullptr, 1, {0, 0}});
 }
 
 FilePainter* newPdfPainter(const char* path, double width, double height, int32_t dpi, POINT origin) {
+  std::FILE* file = std::fopen(path, "wb");
+  if (!file) return nullptr;
   const double scale = kPointsPerInch / dpi;
-  cairo_surface_t* surface = cairo_pdf_surface_create(path, width * scale, height * scale);
-  return paintOn(surface, nullptr, scale, origin);
+  cairo_surface_t* surface = cairo_pdf_surface_create_for_stream(writeBytes, file, width * scale, height * scale);
+  return paintOn({surface, nullptr, file, scale, origin});
 }
 
 }  // namespace pn10::portable

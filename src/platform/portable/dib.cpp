@@ -133,8 +133,8 @@ bool readDibHeader(const BITMAPINFO* info, DibLayout* layout) {
   layout->topDown = h.biHeight < 0;
   layout->height = std::abs(h.biHeight);
   layout->stride = rowBytes(h.biWidth, h.biBitCount);
+  if (layout->stride > INT32_MAX / layout->height) return false;
   layout->size = layout->stride * layout->height;
-  if (layout->size > INT32_MAX) return false;
   if (!readMasks(info, &layout->format)) return false;
   if (h.biBitCount <= 8) readPalette(info, &layout->format);
   return true;

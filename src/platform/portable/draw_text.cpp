@@ -9,10 +9,11 @@ using namespace pn10::portable;
 
 namespace {
 
-/** One line of the text: bytes [begin, end). */
+/** One line of the text: its words [begin, end), and what is painted of it, [begin, painted). */
 struct Line {
   const char* begin;
   const char* end;
+  const char* painted;
 };
 
 bool isBreak(char c) { return c == '\r' || c == '\n'; }
@@ -35,12 +36,14 @@ const char* wrap(const TextMetrics& metrics, const char* at, const char* end, in
 Line nextLine(const TextMetrics& metrics, const char*& at, const char* end, UINT format, int64_t width) {
   const char* stop = std::find_if(at, end, isBreak);
   const char* cut = format & DT_WORDBREAK ? wrap(metrics, at, stop, width) : stop;
-  const Line line{at, cut};
-  at = cut;
-  if (cut < stop) {
-    while (at < stop && *at == ' ') at++;
-    if (at < stop) return line;
+  const char* next = std::find_if(cut, stop, [](char c) { return c != ' '; });
+  if (cut < stop && next < stop) {
+    const Line line{at, cut, cut + 1}; /* the blank at the break is painted, but does not begin the next line */
+    at = next;
+    return line;
   }
+  const Line line{at, cut, cut};
+  at = stop;
   if (at < end && *at == '\r' && at + 1 < end && at[1] == '\n') at++;
   if (at < end) at++;
   return line;
@@ -96,9 +99,8 @@ int DrawTextA(HDC dc, const char* text, int count, RECT* rect, UINT format) {
   if (at == end) height = metrics.height();
   while (at < end) {
     const Line line = nextLine(metrics, at, end, format, room);
-    const auto bytes = static_cast<int32_t>(line.end - line.begin);
-    const int64_t width = metrics.width(line.begin, bytes);
-    widest = std::max(widest, width);
+    widest = std::max(widest, metrics.width(line.begin, static_cast<int32_t>(line.end - line.begin)));
+    const auto bytes = static_cast<int32_t>(line.painted - line.begin);
     if (!measuring && bytes > 0) {
       paintText(*context, metrics, rect->left, addTo(rect->top, height), line.begin, bytes);
     }
