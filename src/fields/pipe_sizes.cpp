@@ -6,15 +6,17 @@
 #include "fields/number_text.h"
 #include "fields/pipe_calcs.h"
 #include "fields/records.h"
+#include "lookup/lookup.h"
 
 namespace pn10 {
 
 namespace {
 
-/** Fields of a pipe size. */
-enum SizeField : int16_t { kInsideD = 2, kEfficiency = 7, kRoughness = 8, kOutsideD = 9, kWall = 11, kYield = 12 };
-
-double sizeValue(int32_t row, SizeField field) { return GetPLutVal(static_cast<int16_t>(row), nullptr, field); }
+/** The values that GetPLutVal reads by number; row 0 and rows that are not there read zeros. */
+const PLut& sizeAt(int32_t row) {
+  const PLut* size = lookups.plut.rows;
+  return size && row >= 0 && row <= lookups.plut.count ? size[row] : kEmpty<PLut>;
+}
 
 double dFactor(const Pdt& p) { return std::fabs(wide(p.D_FACTOR)); }
 
@@ -23,7 +25,7 @@ double dFactor(const Pdt& p) { return std::fabs(wide(p.D_FACTOR)); }
 int32_t sizeRow(const Pdt& p) { return FindPLutRno(p.SIZE_TYPE, 0); }
 
 double insideDiameter(const Pdt& p) {
-  const double d = sizeValue(sizeRow(p), kInsideD) / dFactor(p);
+  const double d = wide(sizeAt(sizeRow(p)).INSIDE_D) / dFactor(p);
   return d < 0.0 ? parseDouble(p.SIZE_TYPE) : d;
 }
 
@@ -31,19 +33,19 @@ double insideDiameter(const Pdt& p) {
 double baseDiameter(const Pdt& p) {
   const int32_t row = sizeRow(p);
   if (row == 0) return parseDouble(p.SIZE_TYPE);
-  const double d = sizeValue(row, kInsideD);
+  const double d = wide(sizeAt(row).INSIDE_D);
   return d < 0.0 ? parseDouble(p.SIZE_TYPE) * dFactor(p) : d;
 }
 
 double roughness(int32_t pipe) {
   const Pdt& p = pipeAt(pipe);
   const int32_t row = sizeRow(p);
-  return row != 0 ? sizeValue(row, kRoughness) / dFactor(p) : wide(p.ROUGHNESS);
+  return row != 0 ? wide(sizeAt(row).ROUGHNESS) / dFactor(p) : wide(p.ROUGHNESS);
 }
 
 double totalEfficiency(const Pdt& p) {
   const int32_t row = sizeRow(p);
-  return wide(p.EFFICIENCY) * (row != 0 ? sizeValue(row, kEfficiency) : 1.0);
+  return wide(p.EFFICIENCY) * (row != 0 ? wide(sizeAt(row).EFFICIENCY) : 1.0);
 }
 
 double CalcHoopStress(int32_t pipe, int32_t plutRow) {
@@ -53,20 +55,20 @@ double CalcHoopStress(int32_t pipe, int32_t plutRow) {
   if (highest == 0.0) return 0.0;
   if (plutRow == 0) plutRow = sizeRow(p);
   if (plutRow == 0) return 0.0;
-  const double wall = sizeValue(plutRow, kWall);
-  return wall == 0.0 ? 0.0 : sizeValue(plutRow, kOutsideD) * highest / (wall + wall);
+  const double wall = wide(sizeAt(plutRow).WALL);
+  return wall == 0.0 ? 0.0 : wide(sizeAt(plutRow).OUTSIDE_D) * highest / (wall + wall);
 }
 
 double hoopStress(int32_t pipe) { return CalcHoopStress(pipe, 0); }
 
 double yieldStrength(const Pdt& p) {
   const int32_t row = sizeRow(p);
-  return row != 0 ? sizeValue(row, kYield) / wide(p.DP_FACTOR) : 0.0;
+  return row != 0 ? wide(sizeAt(row).YIELD) / wide(p.DP_FACTOR) : 0.0;
 }
 
 double stressRatio(int32_t pipe) {
   const int32_t row = sizeRow(pipeAt(pipe));
-  const double yield = row != 0 ? sizeValue(row, kYield) : 0.0;
+  const double yield = row != 0 ? wide(sizeAt(row).YIELD) : 0.0;
   return yield != 0.0 ? CalcHoopStress(pipe, row) / yield : 0.0;
 }
 

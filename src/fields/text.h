@@ -15,7 +15,7 @@ constexpr bool isSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 template <size_t N>
 size_t copyUpper(char (&to)[N], const char* from) {
   size_t n = 0;
-  while (from && from[n] && n < N - 1) {
+  while (from && n < N - 1 && from[n]) {
     to[n] = upper(from[n]);
     n++;
   }

@@ -9,6 +9,7 @@
 #include "lookup/plut_index.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 
 #include "lookup/lookup.h"
@@ -33,7 +34,7 @@ struct PLutIndex {
   PLutIdx* entries; /* 1 to the count of the sizes, sorted by key */
   int32_t quarter[3];
   char pivot[3][42]; /* the keys that stood at the quarters when the file was read */
-  Found* answers;    /* hash table of `mask` + 1 slots, at most half full; null: not made, or no longer sure */
+  Found* answers;    /* hash table of `mask` + 1 slots, at most a quarter full; null: not made, or no longer sure */
   uint32_t mask;
 };
 PLutIndex keyIndex;
@@ -57,29 +58,47 @@ Found scanRange(const char* key) {
   return found;
 }
 
-uint64_t hashOf(const char (&key)[kKeySize]) {
-  uint64_t hash = 0;
-  for (size_t at = 0; at < kKeySize && key[at]; at += 8) {
-    uint64_t part;
-    std::memcpy(&part, key + at, 8);
-    hash = (hash ^ part) * 0x9e3779b97f4a7c15u;
-    hash ^= hash >> 32;
+/** A key in words, padded with zeros: a copy byte by byte would be read back before its stores are through. */
+struct Key {
+  uint64_t word[kKeySize / 8];
+};
+
+static_assert(std::endian::native == std::endian::little, "the bytes behind a tail are shifted out");
+
+Key keyOf(const char* text, size_t length) {
+  Key key{};
+  const size_t whole = length / 8, rest = length % 8;
+  for (size_t i = 0; i < whole; i++) std::memcpy(&key.word[i], text + 8 * i, 8);
+  if (rest && whole) {
+    uint64_t tail;
+    std::memcpy(&tail, text + length - 8, 8);
+    key.word[whole] = tail >> (64 - 8 * rest);
+  } else {
+    std::memcpy(&key.word[whole], text + 8 * whole, rest);
   }
-  return hash;
+  return key;
 }
 
-/** The slot of a key that is padded with zeros: its own or the empty one where it belongs. */
-Found& slotOf(const char (&key)[kKeySize]) {
+/** Products side by side, so that none waits for another. */
+uint64_t hashOf(const Key& key) {
+  const uint64_t* w = key.word;
+  const uint64_t hash = w[0] * 0x9e3779b97f4a7c15u + w[1] * 0xc2b2ae3d27d4eb4fu + w[2] * 0x165667b19e3779f9u +
+                        w[3] * 0xd6e8feb86659fd93u + w[4] * 0xff51afd7ed558ccdu;
+  return (hash ^ hash >> 32) * 0x9e3779b97f4a7c15u >> 32;
+}
+
+/** The slot of a key: its own or the empty one where it belongs. */
+Found& slotOf(const Key& key) {
   for (uint32_t i = static_cast<uint32_t>(hashOf(key)) & keyIndex.mask;; i = (i + 1) & keyIndex.mask) {
     Found& slot = keyIndex.answers[i];
-    if (!slot.matches || std::memcmp(keyIndex.entries[slot.entry].KEY_TEXT, key, kKeySize) == 0) return slot;
+    if (!slot.matches || std::memcmp(keyIndex.entries[slot.entry].KEY_TEXT, key.word, kKeySize) == 0) return slot;
   }
 }
 
 /** Notes the answer of the key that entries `first` to `last` share. */
 void noteAnswer(int32_t first, int32_t last) {
-  char key[kKeySize];
-  std::memcpy(key, keyIndex.entries[first].KEY_TEXT, kKeySize);
+  const char* text = keyIndex.entries[first].KEY_TEXT;
+  const Key key = keyOf(text, strnlen(text, kKeySize));
   const Range range = rangeOf(keyIndex.entries[first].KEY_TEXT);
   first = std::max(first, range.first);
   last = std::min(last, range.last);
@@ -89,9 +108,9 @@ void noteAnswer(int32_t first, int32_t last) {
 /** Without memory for them every search goes through its range. */
 void makeAnswers() {
   const int32_t count = lookups.plut.count;
-  if (count > 1 << 29) return;
+  if (count > 1 << 28) return;
   uint32_t slots = 4;
-  while (slots < 2 * static_cast<uint32_t>(count)) slots *= 2;
+  while (slots < 4 * static_cast<uint32_t>(count)) slots *= 2;
   keyIndex.answers = newTable<Found>(static_cast<int32_t>(slots - 1));
   if (!keyIndex.answers) return;
   keyIndex.mask = slots - 1;
@@ -105,9 +124,7 @@ void makeAnswers() {
 Found find(const char* key) {
   const size_t length = strnlen(key, kKeySize + 1);
   if (length > kKeySize || !keyIndex.answers) return scanRange(key);
-  char padded[kKeySize] = {};
-  std::memcpy(padded, key, length);
-  return slotOf(padded);
+  return slotOf(keyOf(key, length));
 }
 
 }  // namespace
