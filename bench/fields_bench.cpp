@@ -228,6 +228,9 @@ void sizes(benchmark::internal::Benchmark* b) {
   b->Unit(benchmark::kMillisecond);
 }
 
+/** The bound is about tables that no cache holds: small ones compare a search with three nanoseconds. */
+void largest(benchmark::internal::Benchmark* b) { b->Arg(1000000)->Unit(benchmark::kMillisecond); }
+
 BENCHMARK(switchNodeField)->Apply(sizes);
 BENCHMARK(getNodeField)->Apply(sizes);
 BENCHMARK(switchNodeFields)->Apply(sizes);
@@ -236,6 +239,6 @@ BENCHMARK(switchPipeField)->Apply(sizes);
 BENCHMARK(getPipeField)->Apply(sizes);
 BENCHMARK(switchPipeFields)->Apply(sizes);
 BENCHMARK(getPipeFields)->Apply(sizes);
-BENCHMARK(getInsideDiameter)->Apply(sizes);
+BENCHMARK(getInsideDiameter)->Apply(largest);
 
 }  // namespace
