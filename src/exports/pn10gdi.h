@@ -550,22 +550,62 @@ PN10_EXPORT void PN10_CALL SetGlobalUnits(const char* velUnits, const char* elev
                                           float velFactor, float effFactor, float lengthFactor, float tolerance);
 /** Stores a cancel flag. Nothing looks at it: long passes watch the keyboard. */
 PN10_EXPORT void PN10_CALL SetAppCancel(int16_t cancelFlag);
+
+/**
+ * Store the base conditions and the units of the node values that no node names.
+ *
+ * Texts are cut at 40 characters. The atmospheric pressure factor is GetUnitFactor(patmUnits, 0, "PUS"). The
+ * viscosity factor is always 0: no family of units is asked for it.
+ * @param baseP      base pressure, psi absolute
+ * @param baseT      base temperature, degrees Rankine
+ * @param patmUnits  of PATM
+ * @param tempUnits  of T; the first letter counts: "C" Celsius, "K" Kelvin, "R" Rankine, else Fahrenheit
+ * @param visUnits   of VISCOSITY
+ * @param hvUnits    of HV
+ */
 PN10_EXPORT void PN10_CALL SetBaseCond(float baseP, float baseT, const char* patmUnits, const char* tempUnits,
                                        const char* visUnits, const char* hvUnits);
+
+/**
+ * Load the calculation library "hq50_calcs" and bind its entries "CalcReg_", "CalcComp_" and "CalcPave".
+ *
+ * It is looked for beside this library and on the loader's path. When it is not there nothing happens: the fields
+ * that ask it are 0 from then on. It stays until FreeHQDll.
+ */
 PN10_EXPORT void PN10_CALL SetHQDll(void);
 
 /* ------------------------------------------------------------------------------------------------
  * Lookup libraries
  *
- * Loaded before the model, so that pipe properties resolve. A loader releases what its table held.
+ * Loaded before the model, so that pipe properties resolve; a pipe finds its row by SIZE_TYPE. A file has records
+ * of one stride, the first of which is a header that nothing reads; values become inches, feet and psi at load.
+ * Rows count from 1, row 0 is empty. The count of pipe sizes is the number of rows; the counts of the other five
+ * are one above it, and the row at the count is empty.
+ *
+ * ReadPLut and the Init calls release what their table held. The other five loaders forget it: call FreeLut first.
  * ---------------------------------------------------------------------------------------------- */
 
+/**
+ * Load the pipe sizes (stride 432) and sort the index of their keys.
+ *
+ * @return number of rows; -1 the file can't be opened, -2 it holds no record (both leave the old rows unused until
+ *         they are released), -4 no memory. On failure the count is 0.
+ */
 PN10_EXPORT int32_t PN10_CALL ReadPLut(const char* path);
+
+/**
+ * Load the fittings (stride 436), regulators (430), valves (344), wells (324) or compressors (388).
+ *
+ * @return the count, the header counted; -1 the file can't be opened, -2 it holds no record, -3 no memory.
+ *         On failure the count is 0.
+ */
 PN10_EXPORT int32_t PN10_CALL ReadFLut(const char* path);
 PN10_EXPORT int32_t PN10_CALL ReadRLut(const char* path);
 PN10_EXPORT int32_t PN10_CALL ReadVLut(const char* path);
 PN10_EXPORT int32_t PN10_CALL ReadWLut(const char* path);
 PN10_EXPORT int32_t PN10_CALL ReadCLut(const char* path);
+
+/** Make an empty table of one row, count 0, for a host without the file. Returns 0; -4 (PLut), -3 no memory. */
 PN10_EXPORT int32_t PN10_CALL InitPLut(void);
 PN10_EXPORT int32_t PN10_CALL InitFLut(void);
 PN10_EXPORT int32_t PN10_CALL InitRLut(void);
@@ -576,17 +616,79 @@ PN10_EXPORT int32_t PN10_CALL InitCLut(void);
 /* ------------------------------------------------------------------------------------------------
  * Facility table
  *
- * Loaded before the pipes: ReadPdt copies the settings of its facility to each pipe.
+ * Loaded before the pipes: ReadPdt copies the settings of its facility to each pipe. Rows count from 1; row 0 is
+ * empty and answers for every number that is not there. The count has 16 bits. Numbers from 30000 on are reserved:
+ * 30002 colour legend, 30003 bill of materials, 30005 marked views, 30006 pipe crossings.
+ *
+ * Editing a row changes nothing on the map until SetPipeFacSettings, ResetPipeFacSettings or ResetFacSettings.
  * ---------------------------------------------------------------------------------------------- */
 
+/** Fields of a facility row, and three numbers of the table. */
+typedef enum FacField {
+  FAC_ROW = 0,          /* RO row number */
+  FAC_NAME = 1,         /* RW text 257, 40 characters significant */
+  FAC_IDX = 2,          /* RW int32, the facility number; below 30000 it may raise FAC_LAST_NUMBER */
+  FAC_DISPLAY = 3,      /* RW int16, 0 = hidden on the map */
+  FAC_AUX = 4,          /* RW int16, carried to pipes and nodes */
+  FAC_REPORT = 5,       /* RW int16, 0 = left out of reports */
+  FAC_ACTIVE = 6,       /* RW int16, 0 = inactive and out of searches */
+  FAC_COLOR = 7,        /* RW int32, -1 = none */
+  FAC_LINE_TYPE = 8,    /* RW int16, 0 = first type, -1 = none */
+  FAC_LINE_WIDTH = 9,   /* RW int16, below 1 = none; a pipe is drawn one wider */
+  FAC_EQUATION = 10,    /* RW int16, default flow equation, negative = none */
+  FAC_PRESS_UNITS = 11, /* RW text 257, 13 characters significant; "Default..." = the model's own */
+  FAC_LAST_NUMBER = 12, /* RW int32, highest number below 30000 so far */
+  FAC_COUNT = 13        /* RW int16, number of rows */
+} FacField;
+
+/**
+ * Read a facility file in place of the table, and append the reserved rows that it lacks.
+ *
+ * Text, one value per line: a title, the row count, then the fields 1 to 11 of each row. A number that is malformed
+ * is 0; a file that ends early repeats its last line.
+ * @return row count; -2 the file can't be opened, -1 no memory or a negative count. On failure there is no table.
+ */
 PN10_EXPORT int32_t PN10_CALL ReadFac(const char* path);
+
+/** Make the table of a new model: four rows, last number 0. Returns 4; -1 no memory. */
 PN10_EXPORT int32_t PN10_CALL DefaultFac(void);
+
+/**
+ * Make a new table of zeroed rows in place of the old one, whose rows are gone.
+ *
+ * @param rowCount  16 bits count
+ * @return the count; -1 no memory or a negative count, and no table then
+ */
 PN10_EXPORT int32_t PN10_CALL ReallocFac(int32_t rowCount);
+
+/**
+ * Read one field of a facility.
+ *
+ * @param row    row number; 0 takes the row of `facNo`, or the empty row when there is none
+ * @param facNo  facility number, looked at when `row` is 0
+ * @param text   receives a text field with 1.0 as the result
+ * @param field  a FacField
+ * @return the value; -1.0 for another field and for a row beyond the table, both silent
+ */
 PN10_EXPORT double PN10_CALL GetFacVal(int32_t row, int32_t facNo, char* text, int16_t field);
+
+/**
+ * Store one field of a facility row; row 0 stores nothing, not even the counters.
+ *
+ * Values are truncated; short fields keep 16 bits. A field outside 1 to 13 shows "setfac <row>".
+ */
 PN10_EXPORT void PN10_CALL SetFacVal(int32_t row, int16_t field, const char* text, double value);
+
+/** First row with this facility number, or 0. */
 PN10_EXPORT int32_t PN10_CALL FindFacRnoIdx(int32_t facNo);
+
+/** First row with this name, case-sensitive over 40 characters, or 0. */
 PN10_EXPORT int32_t PN10_CALL FindFacRnoId(const char* name);
+
+/** Add 1 to the count and return it; the row that it announces must have room already. */
 PN10_EXPORT int32_t PN10_CALL GetNextFacCnt(void);
+
+/** Add 1 to the last facility number and return it: the number of a new class. */
 PN10_EXPORT int32_t PN10_CALL GetNextFacId(void);
 
 /* ------------------------------------------------------------------------------------------------
@@ -1081,27 +1183,183 @@ PN10_EXPORT float PN10_CALL CalcEqLFtgNo(float diameter, int16_t equation, int16
 
 /* ------------------------------------------------------------------------------------------------
  * Lookup queries
+ *
+ * The getters return numbers widened to double; a text field is copied to `text` and gives 1.0. "In its units" is
+ * the stored base value divided by the factor of the row's units. A bad row is silent; an unknown field shows
+ * "getplut <field>" and so on, and gives the result of a bad row. After FreeLut only the count is readable.
  * ---------------------------------------------------------------------------------------------- */
 
+/**
+ * Search a lookup by its key.
+ *
+ * Pipe sizes are searched in one of four ranges of the sorted index, by the first 40 characters; of equal keys there
+ * the first in the index counts. The others are scanned for the whole key, the empty row behind the last included.
+ * @param countMatches  0: the row number of the first match is wanted; else how many match
+ * @return row number or number of matches; 0 for none, and for an empty lookup
+ */
 PN10_EXPORT int32_t PN10_CALL FindPLutRno(const char* key, int16_t countMatches);
 PN10_EXPORT int32_t PN10_CALL FindRLutRno(const char* key, int16_t countMatches);
 PN10_EXPORT int32_t PN10_CALL FindFLutRno(const char* key, int16_t countMatches);
 PN10_EXPORT int32_t PN10_CALL FindVLutRno(const char* key, int16_t countMatches);
 PN10_EXPORT int32_t PN10_CALL FindCLutRno(const char* key, int16_t countMatches);
 PN10_EXPORT int32_t PN10_CALL FindWLutRno(const char* key, int16_t countMatches);
+
+/** Fields of a pipe size. */
+typedef enum PLutField {
+  PLUT_ROW = 0,        /* row of `text` */
+  PLUT_FIELD_1 = 1,    /* int16, the host's */
+  PLUT_INSIDE_D = 2,   /* float, inches */
+  PLUT_FIELD_3 = 3,    /* int16, the host's */
+  PLUT_FIELD_4 = 4,    /* int16, the host's */
+  PLUT_FIELD_5 = 5,    /* float, the host's */
+  PLUT_NAME = 6,       /* text 41 */
+  PLUT_EFFICIENCY = 7, /* float, a multiplier */
+  PLUT_ROUGHNESS = 8,  /* float, inches */
+  PLUT_OUTSIDE_D = 9,  /* float, inches */
+  PLUT_FIELD_10 = 10,  /* int16, the host's */
+  PLUT_WALL = 11,      /* float, inches */
+  PLUT_YIELD = 12,     /* float, psi */
+  PLUT_COUNT = 13,     /* number of rows */
+  PLUT_MATCHES = 14,   /* rows of the key `text` */
+  PLUT_FIELD_16 = 16   /* float, the host's */
+} PLutField;
+
+/** Fields of a fitting. */
+typedef enum FLutField {
+  FLUT_ROW = 0,                /* row of `text` */
+  FLUT_COUNT = 1,              /* number of rows and one */
+  FLUT_REF_D_IN_UNITS = 3,     /* reference diameter in its units */
+  FLUT_EQ_LENGTH_IN_UNITS = 4, /* equivalent length in its units */
+  FLUT_NAME = 5,               /* text 41 */
+  FLUT_FIELD_6 = 6,            /* int16, the host's */
+  FLUT_FIELD_7 = 7,            /* float, the host's */
+  FLUT_FIELD_8 = 8,            /* float, the host's */
+  FLUT_TEXT_9 = 9,             /* text 21 */
+  FLUT_FIELD_10 = 10,          /* int16, the host's */
+  FLUT_REF_D = 11,             /* float, inches; type 55: pressure drop, psi */
+  FLUT_EQ_LENGTH = 12,         /* float, feet; types 52 to 54: a coefficient; type 55: 0 */
+  FLUT_D_UNITS = 13,           /* text 11 */
+  FLUT_L_UNITS = 14,           /* text 11 */
+  FLUT_ROUGHNESS = 15,         /* float, inches */
+  FLUT_MATCHES = 16,           /* rows of the key `text` */
+  FLUT_TEXT_17 = 17,           /* text 21 */
+  FLUT_EFFICIENCY = 18,        /* float, a multiplier */
+  FLUT_TYPE = 19,              /* int16 */
+  FLUT_FIELD_20 = 20,          /* int16, device code of its picture */
+  FLUT_FIELD_21 = 21,          /* float, the host's */
+  FLUT_DESCRIPTION = 22        /* text 81 */
+} FLutField;
+
+/** Fields of a regulator. */
+typedef enum RLutField {
+  RLUT_ROW = 0,                /* row of `text` */
+  RLUT_COUNT = 1,              /* number of rows and one */
+  RLUT_SET_VALUE_IN_UNITS = 2, /* set pressure in its units */
+  RLUT_P_UNITS = 3,            /* text 11 */
+  RLUT_C0 = 4,                 /* float, coefficient */
+  RLUT_SET_VALUE = 5,          /* float, psi */
+  RLUT_CAPACITY = 6,           /* computed, see GetRLutVal */
+  RLUT_EQUATION = 7,           /* int16 */
+  RLUT_C0_AGAIN = 8,           /* float, coefficient */
+  RLUT_FIELD_9 = 9,            /* int16, the host's */
+  RLUT_NAME = 10,              /* text 41 */
+  RLUT_MATCHES = 11,           /* rows of the key `text` */
+  RLUT_FIELD_13 = 13,          /* 0 */
+  RLUT_FIELD_14 = 14,          /* float x 100 */
+  RLUT_UNITS = 15              /* text 11 */
+} RLutField;
+
+/** Fields of a valve. */
+typedef enum VLutField {
+  VLUT_ROW = 0,     /* row of `text` */
+  VLUT_COUNT = 1,   /* number of rows and one */
+  VLUT_FIELD_2 = 2, /* int16, the host's */
+  VLUT_NAME = 3,    /* text 41 */
+  VLUT_MATCHES = 4, /* rows of the key `text` */
+  VLUT_FIELD_6 = 6, /* 0 */
+  VLUT_FIELD_7 = 7  /* int16, kind of its picture */
+} VLutField;
+
+/** Fields of a well. */
+typedef enum WLutField {
+  WLUT_ROW = 0,     /* row of `text` */
+  WLUT_COUNT = 1,   /* number of rows and one */
+  WLUT_FIELD_2 = 2, /* float, the host's */
+  WLUT_FIELD_3 = 3, /* float, the host's */
+  WLUT_FIELD_4 = 4, /* int16, the host's */
+  WLUT_NAME = 5,    /* text 21 */
+  WLUT_MATCHES = 6, /* rows of the key `text` */
+  WLUT_FIELD_8 = 8  /* 0 */
+} WLutField;
+
+/** Fields of a compressor. */
+typedef enum CLutField {
+  CLUT_ROW = 0,                /* row of `text` */
+  CLUT_COUNT = 1,              /* number of rows and one */
+  CLUT_FUEL_RATE_IN_UNITS = 2, /* fuel rate in its units */
+  CLUT_FUEL_RATE = 3,          /* float, times the factor of its units */
+  CLUT_FUEL_UNITS = 4,         /* text 11 */
+  CLUT_POWER_UNITS = 5,        /* text 11 */
+  CLUT_FIELD_6 = 6,            /* float, the host's */
+  CLUT_POWER = 8,              /* computed, see GetCLutVal */
+  CLUT_FUEL_USE = 9,           /* computed, see GetCLutVal */
+  CLUT_POWER_NAME = 10,        /* text 5: "Cfh", "MCfh" or "kWh" by the fuel units; else `text` is left alone */
+  CLUT_FIELD_11 = 11,          /* int16, the host's */
+  CLUT_NAME = 12,              /* text 41 */
+  CLUT_MATCHES = 13,           /* rows of the key `text` */
+  CLUT_FIELD_15 = 15           /* 0 */
+} CLutField;
+
+/**
+ * Read one field of a pipe size.
+ *
+ * @return the value; 0.0 for a row below 0 or above the count and for an unknown field. The fields 0, 13 and 14
+ *         do not look at the row, as long as it is not negative and the lookup not empty.
+ */
 PN10_EXPORT double PN10_CALL GetPLutVal(int16_t row, char* text, int16_t field);
+
+/** Read one field of a fitting. Returns -1.0 for a row below 0 or above the count, whatever the field. */
 PN10_EXPORT double PN10_CALL GetFLutVal(int32_t row, char* text, int16_t field);
+
+/**
+ * Read one field of a regulator. Returns -1.0 for a row below 0 or above the count, whatever the field.
+ *
+ * RLUT_CAPACITY: `row` is a pipe record and `text` holds the regulator's row as digits; the capacity in base cubic
+ * feet per hour at the state of the pipe, by the calculation library; 0 without it, -1.0 when pipe or row is not
+ * there.
+ */
 PN10_EXPORT double PN10_CALL GetRLutVal(int32_t row, char* text, int16_t field);
+
+/** Read one field of a valve or a well. Returns -1.0 for a row below 0 or above the count, whatever the field. */
 PN10_EXPORT double PN10_CALL GetVLutVal(int32_t row, char* text, int16_t field);
 PN10_EXPORT double PN10_CALL GetWLutVal(int32_t row, char* text, int16_t field);
+
+/**
+ * Read one field of a compressor. Returns -1.0 for a row below 0 or above the count, whatever the field.
+ *
+ * CLUT_POWER and CLUT_FUEL_USE: `row` is a pipe record and `text` the compressor's name; horsepower at the state of
+ * the pipe by the calculation library, and that times the fuel rate (times the factor of its units once more); 0
+ * without the library or for a name that is not found, -1.0 when the pipe is not there.
+ */
 PN10_EXPORT double PN10_CALL GetCLutVal(int32_t row, char* text, int16_t field);
+
+/** Address of row 0 of a lookup, 0 without rows; valid until it is loaded again or released. */
 PN10_EXPORT intptr_t PN10_CALL GetPLutAddress(void);
 PN10_EXPORT intptr_t PN10_CALL GetFLutAddress(void);
 PN10_EXPORT intptr_t PN10_CALL GetRLutAddress(void);
 PN10_EXPORT intptr_t PN10_CALL GetVLutAddress(void);
 PN10_EXPORT intptr_t PN10_CALL GetWLutAddress(void);
 PN10_EXPORT intptr_t PN10_CALL GetCLutAddress(void);
+
+/**
+ * Address of entry 0 of the pipe size index, a PLutIdx; entries 1 to the count are sorted by key.
+ *
+ * From this call on the host may write into the entries; every search then goes through its range of them, which is
+ * slower than before.
+ */
 PN10_EXPORT intptr_t PN10_CALL GetPPTypeAddress(void);
+
+/** Average pressure of two absolute pressures, by the calculation library; 0 without it. */
 PN10_EXPORT float PN10_CALL CalcPave(float absPressureA, float absPressureB);
 
 /* ------------------------------------------------------------------------------------------------
@@ -1259,20 +1517,22 @@ PN10_EXPORT float PN10_CALL CalcIsoRad(float radians);
  * The node whose symbol the point lies on.
  *
  * @param x, y, z  model point; the distance is 3-D
- * @return the last node in record order whose own radius reaches the point, within a square of the default radius around
- *         it (larger symbols are clipped by that square); 0 for none
+ * @return the last node in record order whose own radius reaches the point, within a square of the default radius
+ * around it (larger symbols are clipped by that square); 0 for none
  */
 PN10_EXPORT int32_t PN10_CALL FindNodeClose(double x, double y, float z);
 /** The first node within `tolerance` model units of the point, measured in 3-D when `threeD` is nonzero; 0 for none. */
 PN10_EXPORT int32_t PN10_CALL FindNodeSnap(double x, double y, float z, float tolerance, int16_t threeD);
-/** The first node within `tolerance` of a point of the picture plane: projected when the isometric flag is set; 0 for none. */
+/** The first node within `tolerance` of a point of the picture plane: projected when the isometric flag is set; 0 for
+ * none. */
 PN10_EXPORT int32_t PN10_CALL FindNodeSnapPix(double x, double y, float tolerance);
 /** The first other node within `tolerance` of node `node`, in 2-D; 0 for none. */
 PN10_EXPORT int32_t PN10_CALL FindNodeFuzzyRno(int32_t node, float tolerance);
-/** The last node in record order within `tolerance` of the point, in 2-D: of coincident nodes the newest; 0 for none. */
+/** The last node in record order within `tolerance` of the point, in 2-D: of coincident nodes the newest; 0 for none.
+ */
 PN10_EXPORT int32_t PN10_CALL FindNodeFuzzy(double x, double y, float tolerance);
-/** The first node within `tolerance` of each of two points, in one pass; 0 where there is none. One node may answer both.
- *  Always returns 0. */
+/** The first node within `tolerance` of each of two points, in one pass; 0 where there is none. One node may answer
+ * both. Always returns 0. */
 PN10_EXPORT int32_t PN10_CALL FindNodeFuzzy2x(double x1, double y1, double x2, double y2, float tolerance,
                                               int32_t* node1, int32_t* node2);
 /**
@@ -1314,8 +1574,8 @@ PN10_EXPORT int32_t PN10_CALL FindPipeXY(double x, double y, float* distance, in
 PN10_EXPORT int32_t PN10_CALL FindPipeByLocation(double fromX, double fromY, float fromZ, double toX, double toY,
                                                  float toZ, const double* vtxXs, const double* vtxYs, int32_t vtxCount,
                                                  float tolerance);
-/** The pipe (type Pipe, active) that the point projects onto within `tolerance`, nearest first, ties to the later one; 0
- *  for none. An arc that has no circle ends the scan. */
+/** The pipe (type Pipe, active) that the point projects onto within `tolerance`, nearest first, ties to the later one;
+ * 0 for none. An arc that has no circle ends the scan. */
 PN10_EXPORT int32_t PN10_CALL FindPipeClosePno(double x, double y, float tolerance);
 /**
  * The middle of pipe 1, when the point lies within `tolerance` of it. Only record 1 is looked at.
@@ -1325,7 +1585,8 @@ PN10_EXPORT int32_t PN10_CALL FindPipeClosePno(double x, double y, float toleran
  */
 PN10_EXPORT int32_t PN10_CALL FindPipeCloseMid(double x, double y, float tolerance, double* midX, double* midY,
                                                float* midZ);
-/** Distance of a point from a segment by bearings; 9999999.0 when it lies more than 1 percent of the length beyond an end. */
+/** Distance of a point from a segment by bearings; 9999999.0 when it lies more than 1 percent of the length beyond an
+ * end. */
 PN10_EXPORT double PN10_CALL CalcSegDist(double x1, double y1, double x2, double y2, double px, double py);
 
 /** The first customer, not deleted, with this ID, or 0. Wait cursor. */
@@ -1343,8 +1604,8 @@ PN10_EXPORT int32_t PN10_CALL FindCustByID(int32_t id);
  * recoloured in their screen records and marked; colours of two traces blend on what both reach.
  * @param startNode, startPipe  where the trace begins; the start kind of the control file tells which
  * @param stopNode              a flow trace does not pass it, and lists the main route back from it; 0 for none
- * @param pipes                 room for all pipes and two more; slot 0 receives the number of entries. What does not fit
- *                              is not written. Null in mode 0
+ * @param pipes                 room for all pipes and two more; slot 0 receives the number of entries. What does not
+ * fit is not written. Null in mode 0
  * @param keepColor             nonzero: a repeat over pipes with a mark takes the trace's own colour as its mark
  * @return the number of pipes traced, the start pipe included; -1 no control file or no memory, -2 it ends at its first
  *         line or an output file can't be written, -3, -4 it ends at its second or a later line, -6 no memory
@@ -1354,39 +1615,127 @@ PN10_EXPORT int32_t PN10_CALL CalcSystemTrace(int32_t startNode, int32_t stopNod
 
 /* ------------------------------------------------------------------------------------------------
  * Facility settings, flags and colours
+ *
+ * The flags Display, Report, Aux and Active of a facility are copied to its pipes and united at their end nodes;
+ * customers ask their pipe. Record numbers without a slot do nothing, and their flags and colours read as 0.
  * ---------------------------------------------------------------------------------------------- */
 
+/**
+ * Copy the flags of its facility to a pipe, as ReadPdt does.
+ *
+ * With a row: both end nodes are to be drawn anew, and a negative EQUATION becomes minus that of the row, or minus
+ * `defaultEquation` when the row has none. Without one: FACILITY becomes 0, all flags 1, and a negative EQUATION
+ * `defaultEquation` itself.
+ */
 PN10_EXPORT void PN10_CALL SetPipeFacFlags(int32_t pipe, int16_t defaultEquation);
+
+/**
+ * Add the flags of a pipe to its end nodes, as ReadPdt does; a zero flag changes nothing.
+ *
+ * A node whose PRESSURE is below 0 takes the pressure units of the facility, or `defaultPressureUnits` when these
+ * begin with "Default".
+ */
 PN10_EXPORT void PN10_CALL SetNodeFacFlags(int32_t pipe, int32_t fromNode, int32_t toNode,
                                            const char* defaultPressureUnits);
+
+/** Display (field 3) or Active (field 6) of a facility; 1 when it has no row, and for every other field. */
 PN10_EXPORT int32_t PN10_CALL GetFacFlag(int32_t facNo, int16_t field);
+
+/** A flag of a pipe, or of a node. */
 PN10_EXPORT int32_t PN10_CALL GetFacActivePipe(int32_t pipe);
 PN10_EXPORT int32_t PN10_CALL GetFacDisplayPipe(int32_t pipe);
 PN10_EXPORT int32_t PN10_CALL GetFacReportPipe(int32_t pipe);
 PN10_EXPORT int32_t PN10_CALL GetFacActiveNode(int32_t node);
 PN10_EXPORT int32_t PN10_CALL GetFacDisplayNode(int32_t node);
 PN10_EXPORT int32_t PN10_CALL GetFacReportNode(int32_t node);
+
+/** A flag of the pipe of a customer, 1 for an untapped one. */
 PN10_EXPORT int32_t PN10_CALL GetFacActiveCust(int32_t cust);
 PN10_EXPORT int32_t PN10_CALL GetFacReportCust(int32_t cust);
+
+/** The Display flag of the pipe of a customer, 0 for an untapped one. */
 PN10_EXPORT int32_t PN10_CALL GetFacDisplayCust(int32_t cust);
+
+/** Set Report, Aux and Active of a node to 1; Display stays. */
 PN10_EXPORT void PN10_CALL SetFacNodeDflt(int32_t node);
+
+/** Copy the four flags of a pipe to a node. */
 PN10_EXPORT void PN10_CALL SetFacNodePipe(int32_t pipe, int32_t node);
+
+/** Copy the four flags of a pipe to another. */
 PN10_EXPORT void PN10_CALL CopyFacPipe(int32_t sourcePipe, int32_t targetPipe);
+
+/**
+ * Set one flag of every pipe of a facility; the row itself and the nodes stay.
+ *
+ * @param flag   0 Display (its low byte is kept), 1 Report, 2 Aux, 3 Active
+ * @return 0
+ */
 PN10_EXPORT int32_t PN10_CALL SetPipeFacSettings(int32_t facNo, int16_t flag, int16_t value);
+
+/**
+ * Refresh a range of pipes from the facility table, and their end nodes.
+ *
+ * @param firstPipe, lastPipe   the range, both included
+ * @param defaultEquation       as SetPipeFacFlags takes it
+ * @param defaultPressureUnits  as SetNodeFacFlags takes it
+ * @param recompute  0: both end nodes take the flags of the pipe; else they are united anew from the first six pipe
+ *                   ends at each node, deleted pipes aside
+ * @return 0
+ */
 PN10_EXPORT int32_t PN10_CALL ResetPipeFacSettings(int32_t firstPipe, int32_t lastPipe, int16_t defaultEquation,
                                                    const char* defaultPressureUnits, int16_t recompute);
+
+/** Refresh Display and Active of all texts and graphics; texts of facility 30003 are always shown. Returns 0. */
 PN10_EXPORT int32_t PN10_CALL ResetFacSettings(void);
+
+/**
+ * Resolve colour, line type and line width of a pipe into its screen record.
+ *
+ * COLOR: 0 or more is the colour; -1 asks for PipeColorMode of ViewOpts, -2 for the colour of its size, -3 for that
+ * of its facility. A plain pipe that is off takes the off colour, and so does every element that is off.
+ * LINE_TYPE, LINE_WIDTH: 0 asks for the default of ViewOpts, 98 for the facility (a width counts one more), 99 for
+ * the size; a default may itself be 98 or 99.
+ */
 PN10_EXPORT void PN10_CALL SetPipeColor(int32_t pipe);
+
+/** SetPipeColor for every active pipe with SIZE_FLAG whose COLOR is negative. */
 PN10_EXPORT void PN10_CALL ResetPipeColors(void);
+
+/**
+ * The colour that a record with these values would get, without a look at the model.
+ *
+ * Not the rules of SetPipeColor: elements always get ElemColor, -1 gives PipeColor whatever the mode, a facility
+ * without a row gives 0.
+ */
 PN10_EXPORT int32_t PN10_CALL GetPipeColor(int32_t storedColor, int16_t hydType, int32_t facNo, const char* sizeType);
+
+/** The stored colour, or the default of ViewOpts when it is negative. */
 PN10_EXPORT int32_t PN10_CALL GetNodeColor(int32_t storedColor);
 PN10_EXPORT int32_t PN10_CALL GetCustColor(int32_t storedColor);
+
+/**
+ * Store the screen colour of a pipe and clear its trace.
+ *
+ * @param pipeColor  for a pipe or fitting
+ * @param elemColor  for every other element
+ * @param resolve    nonzero: SetPipeColor instead of these two
+ * @return 1
+ */
 PN10_EXPORT int32_t PN10_CALL SetColorPXY(int32_t pipe, int32_t pipeColor, int32_t elemColor, int16_t resolve);
+
+/** Screen colour of a pipe, a node or a customer. */
 PN10_EXPORT int32_t PN10_CALL GetColorPXY(int32_t pipe);
 PN10_EXPORT int32_t PN10_CALL GetColorNXY(int32_t node);
 PN10_EXPORT int32_t PN10_CALL GetColorCXY(int32_t cust);
+
+/** Store the screen colour of a node; a negative one stores the default of ViewOpts. Returns 1. */
 PN10_EXPORT int32_t PN10_CALL SetColorNXY(int32_t node, int32_t color);
+
+/** Store the screen colour of a customer likewise, and clear its trace. Returns 1. */
 PN10_EXPORT int32_t PN10_CALL SetColorCXY(int32_t cust, int32_t color);
+
+/** Store the colour of every graphic text, under the wait cursor. Returns 1. */
 PN10_EXPORT int32_t PN10_CALL SetAllTextColor(int32_t color);
 
 /* ------------------------------------------------------------------------------------------------
@@ -1636,6 +1985,14 @@ PN10_EXPORT int32_t PN10_CALL SaveFtg(const char* base, const char* version);
 
 /** Write fitting `tableRecord` as record `fileRecord` of an open fitting file; nothing without file or record. */
 PN10_EXPORT void PN10_CALL FilePutFdt(int16_t handle, int32_t tableRecord, int32_t fileRecord);
+
+/**
+ * Write the facility file that ReadFac reads; names and pressure units lose the white space at their end, in the
+ * table as well.
+ *
+ * @param title  first line of the file
+ * @return row count; 0 when the table is empty, and no file is touched; -2 the file can't be written
+ */
 PN10_EXPORT int32_t PN10_CALL SaveFac(const char* path, const char* title);
 
 /* ------------------------------------------------------------------------------------------------
@@ -1652,9 +2009,17 @@ PN10_EXPORT int32_t PN10_CALL SaveFac(const char* path, const char* title);
 PN10_EXPORT void PN10_CALL FreeModel(void);
 /** Releases the fittings. @return 1, or 0 when there was no table */
 PN10_EXPORT int32_t PN10_CALL FreeFdt(void);
+
+/** Release the facility table; the last facility number stays. Returns 1, also without a table. */
 PN10_EXPORT int32_t PN10_CALL FreeFac(void);
+
+/** Release the pipe sizes and their index, count 0. Returns 1. */
 PN10_EXPORT int32_t PN10_CALL FreePLut(void);
+
+/** Release the other five lookups; their counts stay readable. Returns 1. */
 PN10_EXPORT int32_t PN10_CALL FreeLut(void);
+
+/** Release the calculation library. */
 PN10_EXPORT void PN10_CALL FreeHQDll(void);
 /** Does nothing. @return 0 */
 PN10_EXPORT int32_t PN10_CALL cnull(void);

@@ -17,11 +17,11 @@ Fac* rowToRead(int32_t row) {
   return row == 0 ? &emptyRow : nullptr;
 }
 
-double readField(Fac& row, const FacField& field, char* text) {
+double readField(Fac& row, const FacColumn& field, char* text) {
   switch (field.kind) {
-    case FacField::kShort:
+    case FacColumn::kShort:
       return facMember<int16_t>(row, field);
-    case FacField::kText:
+    case FacColumn::kText:
       if (text) copyText(text, kFacTextSize, facText(row, field));
       return 1.0;
     default:
@@ -29,12 +29,12 @@ double readField(Fac& row, const FacField& field, char* text) {
   }
 }
 
-void storeField(Fac& row, const FacField& field, const char* text, double value) {
+void storeField(Fac& row, const FacColumn& field, const char* text, double value) {
   switch (field.kind) {
-    case FacField::kShort:
+    case FacColumn::kShort:
       facMember<int16_t>(row, field) = toInt16(value);
       break;
-    case FacField::kText:
+    case FacColumn::kText:
       copyText(facText(row, field), kFacTextSize, text);
       break;
     default:
@@ -49,27 +49,27 @@ using namespace pn10;
 
 double GetFacVal(int32_t row, int32_t facNo, char* text, int16_t field) {
   if (row == 0) row = FindFacRnoIdx(facNo);
-  if (field == kFacRow) return row;
-  if (field == kFacLastNumber) return facilities.lastNumber;
-  if (field == kFacCount) return facilities.count;
+  if (field == FAC_ROW) return row;
+  if (field == FAC_LAST_NUMBER) return facilities.lastNumber;
+  if (field == FAC_COUNT) return facilities.count;
   Fac* from = rowToRead(row);
-  if (!from || field < 1 || field > kFacPressUnits) return -1.0;
+  if (!from || field < 1 || field > FAC_PRESS_UNITS) return -1.0;
   return readField(*from, kFacFields[field - 1], text);
 }
 
 void SetFacVal(int32_t row, int16_t field, const char* text, double value) {
   if (row == 0) return;
-  if (field < 1 || field > kFacCount) {
+  if (field < 1 || field > FAC_COUNT) {
     unknownField("setfac %i", row);  // kept: the row number, not the field's
     return;
   }
-  if (field == kFacIdx || field == kFacCount) facNumbersChanged();
-  if (field == kFacLastNumber) {
+  if (field == FAC_IDX || field == FAC_COUNT) facNumbersChanged();
+  if (field == FAC_LAST_NUMBER) {
     facilities.lastNumber = toInt32(value);
-  } else if (field == kFacCount) {
+  } else if (field == FAC_COUNT) {
     facilities.count = toInt16(value);
   } else if (row > 0 && row < facilities.slots) {
     storeField(facilities.rows[row], kFacFields[field - 1], text, value);
-    if (field == kFacIdx) noteFacNumber(facilities.rows[row].Idx);
+    if (field == FAC_IDX) noteFacNumber(facilities.rows[row].Idx);
   }
 }

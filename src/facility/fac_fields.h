@@ -9,16 +9,17 @@
 
 namespace pn10 {
 
-struct FacField {
+struct FacColumn {
   enum Kind : uint8_t { kText, kShort, kLong, kNumber /* a long that the file holds as a short */ };
   Kind kind;
   uint16_t offset;
+  const char* name;
 };
 
 #define FAC(kind, member) \
-  FacField { FacField::kind, offsetof(Fac, member) }
+  FacColumn { FacColumn::kind, offsetof(Fac, member), #member }
 /** Field n stands at n - 1. */
-inline constexpr FacField kFacFields[] = {
+inline constexpr FacColumn kFacFields[] = {
     FAC(kText, Name),       /* 1 */
     FAC(kNumber, Idx),      /* 2 */
     FAC(kShort, Display),   /* 3 */
@@ -33,18 +34,15 @@ inline constexpr FacField kFacFields[] = {
 };
 #undef FAC
 
-/** Field numbers that are no member of a row. */
-enum FacNumber : int16_t { kFacRow = 0, kFacIdx = 2, kFacPressUnits = 11, kFacLastNumber = 12, kFacCount = 13 };
-
 /** Bytes of both texts. */
 constexpr size_t kFacTextSize = sizeof Fac::Name;
 static_assert(sizeof Fac::PressUnits == kFacTextSize);
 
 template <class Value>
-Value& facMember(Fac& row, const FacField& field) {
+Value& facMember(Fac& row, const FacColumn& field) {
   return *reinterpret_cast<Value*>(reinterpret_cast<char*>(&row) + field.offset);
 }
-inline char* facText(Fac& row, const FacField& field) { return reinterpret_cast<char*>(&row) + field.offset; }
+inline char* facText(Fac& row, const FacColumn& field) { return reinterpret_cast<char*>(&row) + field.offset; }
 
 /** A number of an ordinary class, when it is the highest so far, becomes the base of the next one. */
 void noteFacNumber(int32_t facNo);

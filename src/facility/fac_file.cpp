@@ -30,23 +30,23 @@ constexpr struct {
     {kCrossingsFacility, "Marked Pipe Crossings", 255},
 };
 
-void readField(LineReader& lines, Fac& row, const FacField& field) {
-  if (field.kind == FacField::kText) {
+void readField(LineReader& lines, Fac& row, const FacColumn& field) {
+  if (field.kind == FacColumn::kText) {
     lines.next();
     TrimRight(lines.text());
     copyText(facText(row, field), kFacTextSize, lines.text());
     return;
   }
   const int32_t value = lines.nextInt();
-  if (field.kind == FacField::kShort) {
+  if (field.kind == FacColumn::kShort) {
     facMember<int16_t>(row, field) = static_cast<int16_t>(value);
   } else {
-    facMember<int32_t>(row, field) = field.kind == FacField::kNumber ? static_cast<int16_t>(value) : value;
+    facMember<int32_t>(row, field) = field.kind == FacColumn::kNumber ? static_cast<int16_t>(value) : value;
   }
 }
 
 void readRow(LineReader& lines, Fac& row) {
-  for (const FacField& field : kFacFields) readField(lines, row, field);
+  for (const FacColumn& field : kFacFields) readField(lines, row, field);
   noteFacNumber(row.Idx);
   if (row.Idx == kColorLegendFacility) copyText(row.Name, "Color Legend");
 }
@@ -85,14 +85,14 @@ int32_t appendReserved(int32_t count) {
   return count;
 }
 
-void writeField(FILE* file, Fac& row, const FacField& field) {
-  if (field.kind == FacField::kText) {
+void writeField(FILE* file, Fac& row, const FacColumn& field) {
+  if (field.kind == FacColumn::kText) {
     TrimRight(facText(row, field));
     std::fputs(facText(row, field), file);
   } else {
     char digits[16];
     printInt(digits, sizeof digits,
-             field.kind == FacField::kShort ? facMember<int16_t>(row, field) : facMember<int32_t>(row, field));
+             field.kind == FacColumn::kShort ? facMember<int16_t>(row, field) : facMember<int32_t>(row, field));
     std::fputs(digits, file);
   }
   std::fputc('\n', file);
@@ -135,7 +135,7 @@ int32_t SaveFac(const char* path, const char* title) {
   for (int32_t row = 1; row <= facilities.count; row++) {
     Fac beyond = {};
     Fac& from = row < facilities.slots ? facilities.rows[row] : beyond;
-    for (const FacField& field : kFacFields) writeField(file.get(), from, field);
+    for (const FacColumn& field : kFacFields) writeField(file.get(), from, field);
   }
   return file.close() ? facilities.count : -2;
 }

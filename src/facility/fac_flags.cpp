@@ -78,8 +78,8 @@ void SetNodeFacFlags(int32_t pipe, int32_t fromNode, int32_t toNode, const char*
 
 int32_t GetFacFlag(int32_t facNo, int16_t field) {
   const Fac* row = findFac(facNo);
-  if (row && field == 3) return row->Display;
-  if (row && field == 6) return row->Active;
+  if (row && field == FAC_DISPLAY) return row->Display;
+  if (row && field == FAC_ACTIVE) return row->Active;
   return 1;
 }
 

@@ -78,8 +78,8 @@ bool recalcRange(int32_t firstPipe, int32_t lastPipe, const char* defaultPressur
 
 template <class Record>
 void refresh(Record& record) {
-  record.Display = static_cast<int16_t>(GetFacFlag(record.Facility, 3));
-  record.Active = static_cast<int16_t>(GetFacFlag(record.Facility, 6));
+  record.Display = static_cast<int16_t>(GetFacFlag(record.Facility, FAC_DISPLAY));
+  record.Active = static_cast<int16_t>(GetFacFlag(record.Facility, FAC_ACTIVE));
 }
 
 }  // namespace

@@ -254,7 +254,7 @@ double GetFLutVal(int32_t row, char* text, int16_t field) {
 }
 
 double GetRLutVal(int32_t row, char* text, int16_t field) {
-  if (field != 6) return checkedField(lookups.rlut, kRLut, row, text, field);
+  if (field != RLUT_CAPACITY) return checkedField(lookups.rlut, kRLut, row, text, field);
   const int32_t rlutRow = parseInt(text);
   if (!canAskByPipe(lookups.rlut, row) || !lutRow(lookups.rlut, rlutRow)) return kRLut.bad;
   return CalcRegCapacity(row, rlutRow);
@@ -269,7 +269,7 @@ double GetWLutVal(int32_t row, char* text, int16_t field) {
 }
 
 double GetCLutVal(int32_t row, char* text, int16_t field) {
-  if (field != 8 && field != 9) return checkedField(lookups.clut, kCLut, row, text, field);
+  if (field != CLUT_POWER && field != CLUT_FUEL_USE) return checkedField(lookups.clut, kCLut, row, text, field);
   if (!canAskByPipe(lookups.clut, row)) return kCLut.bad;
-  return CalcCompPower(row, FindCLutRno(text, 0), field == 8 ? 0 : 5);
+  return CalcCompPower(row, FindCLutRno(text, 0), field == CLUT_POWER ? 0 : 5);
 }

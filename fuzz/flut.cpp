@@ -1,0 +1,7 @@
+// ReadFLut on any bytes.
+#include "lut_fuzz.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  pn10::fuzz::readLookup({436, 1, ReadFLut, GetFLutVal, FindFLutRno, FLUT_NAME}, data, size);
+  return 0;
+}

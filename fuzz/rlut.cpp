@@ -1,0 +1,7 @@
+// ReadRLut on any bytes.
+#include "lut_fuzz.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  pn10::fuzz::readLookup({430, 1, ReadRLut, GetRLutVal, FindRLutRno, RLUT_NAME}, data, size);
+  return 0;
+}

@@ -1,0 +1,7 @@
+// ReadVLut on any bytes.
+#include "lut_fuzz.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  pn10::fuzz::readLookup({344, 1, ReadVLut, GetVLutVal, FindVLutRno, VLUT_NAME}, data, size);
+  return 0;
+}
