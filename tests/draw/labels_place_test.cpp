@@ -66,7 +66,7 @@ class Placement : public testing::Test {
   }
 
   Fresh fresh;
-  Picture picture;
+  SceneView picture;
 };
 
 TEST_F(Placement, a_node_label_stands_right_of_its_symbol_and_one_line_up) {

@@ -38,7 +38,7 @@ class Shapes : public testing::Test {
   }
 
   Fresh fresh;
-  Picture picture;
+  SceneView picture;
   VLut valves[3]{};
 };
 

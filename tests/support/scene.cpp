@@ -9,7 +9,7 @@
 
 namespace pn10::test {
 
-Picture::Picture() : dc(PnCreateRecordDC(1000, 1000, 72)), window(PnCreateWindow()), own_(dc) {
+SceneView::SceneView() : dc(PnCreateRecordDC(1000, 1000, 72)), window(PnCreateWindow()), own_(dc) {
   view.BackColor = 0xC0C0C0;
   view.LineWidth = 1;
   view.NodeOn = view.CustOn = 1;
@@ -36,24 +36,24 @@ Picture::Picture() : dc(PnCreateRecordDC(1000, 1000, 72)), window(PnCreateWindow
   plot.NodePrintFontSize = plot.PipePrintFontSize = plot.CustPrintFontSize = 100;
 }
 
-Picture::~Picture() {
+SceneView::~SceneView() {
   PnDestroyWindow(window);
   PnDeleteDC(own_);
 }
 
-void Picture::setup() {
+void SceneView::setup() {
   SetDrawVars(devMode, dc, window, loadFactor, &plot, &view, &unit, window, singleNode, singleCust, iso, projection,
               zoom, mapScale);
   SetPNGDIScale(x0, y0, x1, y1, width, height, minPixels, displayHeight, geo[0], geo[1], geo[2], geo[3]);
 }
 
-void Picture::paintQuietly() {
+void SceneView::paintQuietly() {
   setup();
   DrawPict(1, model.pipeCount, 1, model.nodeCount, 1, model.custCount, 1, model.textCount, 1, model.ugdCount,
            clearHilite, &recolourPipes, &recolourNodes, &recolourCusts, linesOnly);
 }
 
-std::string Picture::paint() {
+std::string SceneView::paint() {
   return recorded([this] { paintQuietly(); });
 }
 

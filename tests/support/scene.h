@@ -14,11 +14,11 @@ namespace pn10::test {
  * unit is a world unit, so a world length is ten dots; the world's (0, 0) is the dot (0, 1000). A context has 72 dots
  * per inch, so a font of n points is n dots high.
  */
-struct Picture {
-  Picture();
-  ~Picture();
-  Picture(const Picture&) = delete;
-  Picture& operator=(const Picture&) = delete;
+struct SceneView {
+  SceneView();
+  ~SceneView();
+  SceneView(const SceneView&) = delete;
+  SceneView& operator=(const SceneView&) = delete;
 
   /** Hands everything to the library, as before every paint. */
   void setup();
@@ -61,7 +61,7 @@ void makeStreetGrid(const StreetGrid& grid);
 /** A few streets with everything that a picture can show; it fills a window of 0 to 100. */
 void makeStreetScene();
 /** The options that go with it: labels, leaders, arrows, marks and grips on. */
-void showEverything(Picture& picture);
+void showEverything(SceneView& picture);
 
 }  // namespace pn10::test
 
