@@ -790,7 +790,8 @@ PN10_EXPORT int32_t PN10_CALL ReadVtx(const char* base, int16_t noFile);
 PN10_EXPORT int32_t PN10_CALL ReadNdt(const char* base, int16_t noFile, float version);
 /**
  * Loads <base>.pdt into the pipe table and makes the pipe screen table. ReadVtx, ReadNdt and the facility table come
- * first: each pipe is bound to its vertices, takes its facility's settings, hands them to its end nodes and is measured.
+ * first: each pipe is bound to its vertices, takes its facility's settings, hands them to its end nodes and is
+ * measured.
  *
  * A pipe whose vertices are missing becomes straight (VTX_MODE 0). Sets the last pipe id (ids below 2000000000) and
  * the last group id. Tables that are there are forgotten, not freed.
@@ -1046,6 +1047,18 @@ typedef enum FdtField {
   FDT_COUNT = 907    /* RW int32 fitting count, of the table */
 } FdtField;
 
+/** Fields of vertices (GetVtxVal, SetVtxVal). Access R read, W write. */
+typedef enum VtxField {
+  VTX_OWNER_ID = 801,   /* RW int32  VTX_OWNER, ID of the owning pipe or customer, 0 = killed */
+  VTX_KIND_NO = 802,    /* RW int16  VTX_KIND */
+  VTX_X_COORD = 803,    /* RW double VTX_X */
+  VTX_Y_COORD = 804,    /* RW double VTX_Y */
+  VTX_Z_COORD = 805,    /* RW float  VTX_Z */
+  VTX_COUNT = 807,      /* RW int32  vertex count, of the table */
+  VTX_HILITE_REQ = 808, /* W byte  VTX_HILITE */
+  VTX_DRAWN_FLAG = 809  /* W byte  VTX_DRAWN */
+} VtxField;
+
 /* ------------------------------------------------------------------------------------------------
  * Numbered fields
  *
@@ -1124,6 +1137,31 @@ PN10_EXPORT double PN10_CALL GetFdtVal(int32_t ftg, char* text, int16_t field);
  * "setfdt <field>".
  */
 PN10_EXPORT void PN10_CALL SetFdtVal(int32_t ftg, int16_t field, const char* text, double value);
+
+/**
+ * Read one numbered field of a vertex, VTX_OWNER_ID (801) to VTX_COUNT (807), widened to double.
+ *
+ * @param vtx  record number; VTX_COUNT is read on any that is not negative
+ * @return the value; -1.0 for a record that is not there, silently, or for an unknown number after "getvtx <field>"
+ */
+PN10_EXPORT double PN10_CALL GetVtxVal(int32_t vtx, int16_t field);
+
+/**
+ * Store one numbered field of a vertex. Integers truncate toward zero; vertices carry no date.
+ *
+ * VTX_COUNT sets the count and nothing else. A record that is not there is left alone; an unknown number shows
+ * "setvtx <field>".
+ */
+PN10_EXPORT void PN10_CALL SetVtxVal(int32_t vtx, int16_t field, double value);
+
+/** Place of a vertex; zeros for a record that is not there. Returns -1. */
+PN10_EXPORT int32_t PN10_CALL GetVTXY(int32_t vtx, double* x, double* y, float* z);
+
+/** Place and kind of a vertex; zeros for a record that is not there. Returns -1. */
+PN10_EXPORT int32_t PN10_CALL GetVTXYType(int32_t vtx, double* x, double* y, int16_t* kind);
+
+/** Number of records from `firstVtx` to `lastVtx` that are owned and of kind 2, 3, 5 or 7. */
+PN10_EXPORT int32_t PN10_CALL GetVtxAttCount(int32_t firstVtx, int32_t lastVtx);
 
 /* ------------------------------------------------------------------------------------------------
  * Computed values of nodes, pipes and customers

@@ -184,8 +184,8 @@ struct Records {
     const void* at = member(f, rno);
     if (!at) {
       if (rno != 0) return -1.0;
-      at = (f.at == At::Item ? reinterpret_cast<const char*>(&kEmpty<Item>)
-                             : reinterpret_cast<const char*>(&kEmpty<Screen>)) +
+      at = (f.at == At::Item ? reinterpret_cast<const char*>(&kZeroRecord<Item>)
+                             : reinterpret_cast<const char*>(&kZeroRecord<Screen>)) +
            f.offset;
     }
     return f.read(at, rno, text);

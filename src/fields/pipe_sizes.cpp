@@ -15,7 +15,7 @@ namespace {
 /** The values that GetPLutVal reads by number; row 0 and rows that are not there read zeros. */
 const PLut& sizeAt(int32_t row) {
   const PLut* size = lookups.plut.rows;
-  return size && row >= 0 && row <= lookups.plut.count ? size[row] : kEmpty<PLut>;
+  return size && row >= 0 && row <= lookups.plut.count ? size[row] : kZeroRecord<PLut>;
 }
 
 double dFactor(const Pdt& p) { return std::fabs(wide(p.D_FACTOR)); }
