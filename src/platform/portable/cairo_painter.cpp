@@ -76,6 +76,10 @@ class CairoPainter final : public VectorPainter {
   /** Takes the surface and the file over. */
   explicit CairoPainter(const Target& target)
       : surface_(target.surface), cairo_(cairo_create(surface_)), sharp_(target.sharp), file_(target.file) {
+    if (file_) { /* colours combine with the paper, so there has to be some */
+      cairo_set_source_rgb(cairo_, 1, 1, 1);
+      cairo_paint(cairo_);
+    }
     cairo_scale(cairo_, target.scale, target.scale);
     cairo_translate(cairo_, target.origin.x, target.origin.y);
     cairo_set_line_join(cairo_, CAIRO_LINE_JOIN_ROUND);

@@ -34,7 +34,9 @@ struct FileBytes {
   }
 };
 
-uint32_t word32(const uint8_t* at) { return uint32_t{at[0]} | uint32_t{at[1]} << 8 | uint32_t{at[2]} << 16 | uint32_t{at[3]} << 24; }
+uint32_t word32(const uint8_t* at) {
+  return uint32_t{at[0]} | uint32_t{at[1]} << 8 | uint32_t{at[2]} << 16 | uint32_t{at[3]} << 24;
+}
 
 /** The bitmap of a file; null when the file is no whole bitmap. */
 Bitmap* readBitmap(const FileBytes& file) {

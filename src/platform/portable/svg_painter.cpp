@@ -7,6 +7,7 @@
 
 #include <png.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -147,6 +148,38 @@ uint8_t* encodePng(const Raster& raster, png_alloc_size_t* size) {
   return file;
 }
 
+constexpr int64_t kLargestEnlarged = 4000000;
+
+/** Widens or heightens a picture to the units that it will cover, pixel by pixel, as viewers would blur it. */
+class Enlarged {
+ public:
+  Enlarged(const Raster& picture, int64_t width, int64_t height) : raster_(picture) {
+    width = std::max<int64_t>(width, picture.width);
+    height = std::max<int64_t>(height, picture.height);
+    if (width * height > kLargestEnlarged || (width == picture.width && height == picture.height)) return;
+    pixels_ = static_cast<uint32_t*>(std::malloc(static_cast<size_t>(width * height) * sizeof(uint32_t)));
+    if (!pixels_) return;
+    uint32_t* out = pixels_;
+    for (int64_t y = 0; y < height; y++) {
+      const uint32_t* row = picture.pixels + sourceOf(y, picture.height, height) * picture.stride;
+      for (int64_t x = 0; x < width; x++) *out++ = row[sourceOf(x, picture.width, width)];
+    }
+    raster_ = {pixels_, static_cast<int32_t>(width), static_cast<int32_t>(height), static_cast<ptrdiff_t>(width)};
+  }
+  ~Enlarged() { std::free(pixels_); }
+  Enlarged(const Enlarged&) = delete;
+  Enlarged& operator=(const Enlarged&) = delete;
+  const Raster& raster() const { return raster_; }
+
+ private:
+  /** The source under the middle of place i; ties to the smaller. */
+  static int64_t sourceOf(int64_t i, int64_t source, int64_t places) {
+    return ((2 * i + 1) * source + 2 * places - 1) / (2 * places) - 1;
+  }
+  Raster raster_;
+  uint32_t* pixels_ = nullptr;
+};
+
 class SvgPainter final : public VectorPainter {
  public:
   SvgPainter(std::FILE* file, double width, double height, int32_t dpi, POINT origin) : file_(file) {
@@ -235,8 +268,9 @@ class SvgPainter final : public VectorPainter {
   }
 
   void image(const Raster& raster, const RECT& box, bool mirrorX, bool mirrorY, Blend blend) override {
+    const Enlarged enlarged(raster, int64_t{box.right} - box.left, int64_t{box.bottom} - box.top);
     png_alloc_size_t size = 0;
-    uint8_t* png = encodePng(raster, &size);
+    uint8_t* png = encodePng(enlarged.raster(), &size);
     if (!png) {
       whole_ = false;
       return;

@@ -52,7 +52,7 @@ constexpr DashRow kDashes[4] = {
     {4, {3, 1, 1, 1}, {3, 1, 1, 1}, {9, 6, 3, 6}},                   /* PS_DASHDOT */
     {6, {3, 1, 1, 1, 1, 1}, {3, 1, 1, 1, 1, 1}, {9, 3, 3, 3, 3, 3}}, /* PS_DASHDOTDOT */
 };
-constexpr double kCosmeticUnit = 3;
+constexpr double kCosmeticUnit = 3, kTraceOfDash = 0.01;
 
 void setDashes(VectorStroke& stroke, const PenData& pen) {
   if (pen.style == PS_USERSTYLE) {
@@ -66,9 +66,12 @@ void setDashes(VectorStroke& stroke, const PenData& pen) {
   stroke.dashCount = row.count;
   const bool wide = pen.geometric && pen.width > 1;
   const double* lengths = wide ? row.wide : pen.geometric ? row.thin : row.cosmetic;
-  /* A wide pen's caps are taken out of the dashes, so that the visible lengths are those of the table. */
+  /* A wide pen's caps are taken out of the dashes, so that the visible lengths are those of the table. What is left
+     of a dot is a trace, as readers of these files drop dashes of no length. */
   const double unit = wide ? stroke.width : 1, cap = wide && stroke.cap != PS_ENDCAP_FLAT ? stroke.width : 0;
-  for (int32_t i = 0; i < row.count; i++) stroke.dashes[i] = lengths[i] * unit + (i % 2 ? cap : -cap);
+  for (int32_t i = 0; i < row.count; i++) {
+    stroke.dashes[i] = std::max(lengths[i] * unit + (i % 2 ? cap : -cap), kTraceOfDash * unit);
+  }
 }
 
 void appendPoint(PathFigure& figure, double x, double y) {
