@@ -31,8 +31,8 @@ int32_t firstMatch(int32_t owner, VtxKinds kinds, const BindRange& range) {
   const int32_t from = std::max(range.START, 1);
   const int32_t to = std::min(range.END, vtxTop());
   if (!range.index || to - from < kNear) return scan(owner, kinds, from, to);
-  const int32_t near = scan(owner, kinds, from, from + kNear - 1);
-  if (near) return near;
+  const int32_t soon = scan(owner, kinds, from, from + kNear - 1);
+  if (soon) return soon;
   return range.index->ready() ? range.index->find(owner, kinds, from + kNear, to)
                               : scan(owner, kinds, from + kNear, to);
 }
