@@ -118,4 +118,119 @@ void makeStreetGrid(const StreetGrid& grid) {
   model.custCount = cust;
 }
 
+namespace {
+
+int32_t sceneNode(double x, double y, const char* name, float pressure, float load) {
+  Ndt n = nodeRecord(GetNextNid(), name, x, y);
+  n.COLOR = -1;
+  n.TEXT_ANGLE = -1;
+  n.LABEL_ON = 1;
+  n.PRESSURE = pressure;
+  n.QB_LOAD = load;
+  n.Q_FACTOR = 1000;
+  copyText(n.P_UNITS, "PSI");
+  copyText(n.Q_UNITS, "MCFH");
+  return addNode(n);
+}
+
+int32_t scenePipe(int32_t from, int32_t to, const char* size, int type = 0, float flow = 12.5f) {
+  Pdt p = pipeRecord(GetNextPid(), from, to);
+  copyText(p.SIZE_TYPE, size);
+  copyText(p.L_UNITS, "Feet");
+  copyText(p.Q_UNITS, "MCFH");
+  p.HYD_TYPE = static_cast<uint8_t>(type);
+  p.COLOR = -1;
+  p.TEXT_ANGLE = -1;
+  p.LABEL_ON = 1;
+  p.LENGTH = 250;
+  p.FLOW = flow;
+  p.Q_FACTOR = 1;
+  return addPipe(p);
+}
+
+int32_t sceneCust(int32_t pipe, double x, double y, double tapX, double tapY) {
+  Cdt c = custRecord(GetNextCid(), pipe, x, y);
+  c.COLOR = -1;
+  c.TEXT_ANGLE = -1;
+  c.SX_COORD = tapX, c.SY_COORD = tapY;
+  c.HOST_SHORT_411 = 1;
+  c.COUNT = 1;
+  c.UNIT_LOAD = 2.5f;
+  copyText(c.LOAD_UNITS, "CFH");
+  return addCust(c);
+}
+
+}  // namespace
+
+void makeStreetScene() {
+  const int32_t west = sceneNode(10, 50, "Elm/1st", 60.2f, 0), middle = sceneNode(45, 50, "Elm/2nd", 58.9f, 4);
+  const int32_t east = sceneNode(90, 52, "Elm/3rd", 57.1f, 0), north = sceneNode(45, 85, "2nd North", 55.8f, 2);
+  const int32_t south = sceneNode(48, 12, "2nd South", 54.0f, 3), corner = sceneNode(85, 82, "Park", 53.3f, 1);
+  const int32_t station = sceneNode(14, 80, "Station", 99.0f, 0), valve = sceneNode(20, 66, "", 60.0f, 0);
+  const int32_t well = sceneNode(10, 20, "Well 4", 80.0f, 0), comp = sceneNode(28, 22, "", 75.0f, 0);
+  const int32_t end = sceneNode(88, 20, "End", 50.0f, 6);
+  model.ndt[end].FLAG_TYPE = 1;
+  model.ndt[corner].HYD_TYPE = 1;
+  model.ndt[north].TEXT_X = 50, model.ndt[north].TEXT_Y = 96;
+  model.ndt[south].TEXT_X = 56, model.ndt[south].TEXT_Y = 8;
+
+  const int32_t elmWest = scenePipe(west, middle, "6 PE");
+  const int32_t elmEast = scenePipe(middle, east, "4 PE", 0, -8);
+  scenePipe(middle, north, "4 PE");
+  const int32_t second = scenePipe(middle, south, "2 PE");
+  const int32_t bend = scenePipe(north, corner, "4 PE");
+  const int32_t arc = scenePipe(corner, east, "4 ST");
+  const int32_t lane = scenePipe(south, end, "2 PE", 0, 3);
+  scenePipe(station, valve, "reg", 1);
+  scenePipe(valve, west, "gate", 3);
+  scenePipe(well, comp, "well", 4);
+  scenePipe(comp, south, "comp", 2);
+  addRun(bend, {{55, 90}, {75, 90}});
+  addRun(lane, {{60, 20}, {72, 12}});
+  addArc(arc, 30, 0.98);
+  model.pxy[arc].FIRST_VTX = model.pxy[arc].LAST_VTX;
+  model.pdt[elmWest].TEXT_X = 26, model.pdt[elmWest].TEXT_Y = 38;
+  model.pdt[second].STATUS = 1;
+  model.pdt[lane].FLAG_BYTE = 1;
+
+  const int32_t bakery = sceneCust(elmEast, 60, 62, 60, 50.7);
+  sceneCust(elmEast, 72, 62, 72, 51.2);
+  const int32_t mill = sceneCust(elmEast, 70, 38, 66, 50.9);
+  addService(mill, {{66, 44}, {70, 44}});
+  model.vtx[model.cxy[mill].FIRST_VTX].VTX_KIND = 3;
+  model.cdt[bakery].FLAG_BYTE = 2;
+  copyText(model.cdt[bakery].LINK_ID, "Bakery");
+  copyText(model.cdt[mill].LINK_ID, "Mill");
+
+  for (int32_t p = 1; p <= model.pipeCount; p++) {
+    model.pxy[p].Display = 1;
+    model.pxy[p].LENGTH = CalcPipeLength(p, 0);
+  }
+}
+
+void showEverything(SceneView& picture) {
+  ViewOpts& v = picture.view;
+  v.BackColor = 0xFFFFFF;
+  v.NodeLabelMask = v.PipeLabelMask = v.CustLabelMask = 1;
+  v.NodeLabel[0] = 301, v.NodeLabel[1] = 302;
+  v.PipeLabel[0] = 7, v.PipeLabel[1] = 12;
+  v.CustLabel[0] = 422, v.CustLabel[1] = 454;
+  v.NodePrefix = v.PipePrefix = v.CustPrefix = v.NodeUnits = v.PipeUnits = 1;
+  v.NodeTransparent = v.PipeTransparent = v.CustTransparent = 1;
+  v.NodeLeader = v.PipeLeader = v.CustLeader = 1;
+  v.DevicesOn = v.ArrowsOn = v.VtxMarksOn = v.ArrowsAtMidVertex = 1;
+  v.DeviceSize = 60;
+  v.NodeSize = v.CustSize = 14;
+  v.CustSymbol = -3;
+  v.NodeFontSize = v.PipeFontSize = v.CustFontSize = 12;
+  v.PipeTextColor = 0x800000;
+  v.NodeTextColor = 0x000080;
+  v.CustTextColor = 0x006000;
+  v.PipeWidth = 2;
+  v.ArrowStyle = 1;
+  for (float& digits : picture.unit.Digits) digits = 1;
+  picture.plot.PrintLabelsOn = 1;
+  picture.recolourPipes = picture.recolourNodes = picture.recolourCusts = 1;
+}
+
 }  // namespace pn10::test
