@@ -120,7 +120,7 @@ void CalcTextCXY(int32_t cust, float* angle, double* stepX, double* stepY, doubl
   *angle = labelAngle(c.TEXT_ANGLE, drawState.CustLabelAngle);
   stepOf(*angle, drawState.TextHeightC, stepX, stepY, stepLength);
   const bool stored = hasStoredAnchor(c);
-  MapModelXY(stored ? c.TEXT_X : c.X_COORD + *stepX, stored ? c.TEXT_Y : c.Y_COORD + *stepY, c.Z_COORD, x, y);
+  MapModelXY(stored ? c.TEXT_X : c.X_COORD + *stepLength, stored ? c.TEXT_Y : c.Y_COORD + *stepLength, c.Z_COORD, x, y);
 }
 
 void pipeMiddle(int32_t pipe, int32_t midVertex, double* x, double* y) {

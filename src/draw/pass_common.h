@@ -35,6 +35,9 @@ inline int32_t itemColor(int32_t color, bool mono, bool hilite) {
   return hilite ? HiliteColor(color) : color;
 }
 
+/** The red of warning flags; a mono print has black alone. */
+inline int32_t warningColor() { return onPaper() && drawState.Plot->Mono ? drawState.Black : drawState.Red; }
+
 /** Pen and brush of items that are painted as symbols, and the two brushes they know. */
 class SymbolTools {
  public:
@@ -55,7 +58,7 @@ class SymbolTools {
   }
   /** A flag in the item's colour: with what is selected when that is the colour inside and out. */
   void flag(double x, double y, int32_t color) const { DrawFlag(x, y, 0, PS_SOLID, penWidth_, hollow_ ? color : -1); }
-  void redFlag(double x, double y) const { DrawFlag(x, y, 0, PS_SOLID, penWidth_, drawState.Red); }
+  void redFlag(double x, double y) const { DrawFlag(x, y, 0, PS_SOLID, penWidth_, warningColor()); }
   /** A flag with the item's symbol on it, in the colour of the paper so that it shows. */
   void loadFlag(double x, double y, int32_t color, int16_t symbol) const {
     flag(x, y, color);

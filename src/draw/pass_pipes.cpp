@@ -118,7 +118,7 @@ void PipePass::paintFlag(int32_t pipe, const PipeBody& body) const {
   if (flag != 1 && flag != 2 && flag != 4) return;
   double x, y;
   pipeMiddle(pipe, body.midVertex, &x, &y);
-  DrawFlag(x, y, 0, PS_SOLID, flagWidth, flag == 4 ? drawState.Red : body.color);
+  DrawFlag(x, y, 0, PS_SOLID, flagWidth, flag == 4 ? warningColor() : body.color);
   if (flag != 2) return;
   body.usePen();
   DrawFlagPost(0, x, y);

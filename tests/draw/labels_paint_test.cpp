@@ -90,7 +90,7 @@ TEST_F(Labels, customers_try_all_their_slots_on_the_baseline) {
   cust();
   view().CustLabel[0] = 0;
   view().CustLabel[19] = 438;
-  EXPECT_EQ(ops({"SetTextAlign", "TextOutA"}), "SetTextAlign 24\nTextOutA 500 490 \"1\"\n");
+  EXPECT_EQ(ops({"SetTextAlign", "TextOutA"}), "SetTextAlign 24\nTextOutA 510 490 \"1\"\n");
 }
 
 TEST_F(Labels, labels_need_their_switch_their_mask_and_their_limit) {

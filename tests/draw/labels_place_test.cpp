@@ -106,12 +106,12 @@ TEST_F(Placement, anchors_are_mapped_like_their_nodes) {
   expectAt(node(5), 30, 40);
 }
 
-TEST_F(Placement, a_customer_label_stands_one_step_from_its_meter) {
+TEST_F(Placement, a_customer_label_stands_one_step_right_and_above_its_meter) {
   addCust(custRecord(1, 0, 10, 20));
   model.cdt[1].TEXT_ANGLE = -1;
-  expectAt(cust(), 10, 22);
-  model.cdt[1].TEXT_ANGLE = 0;  // north: the step runs along X
-  expectAt(cust(), 12, 20);
+  expectAt(cust(), 12, 22);
+  model.cdt[1].TEXT_ANGLE = 0;  // whatever the direction of the text
+  expectAt(cust(), 12, 22);
   model.cdt[1].TEXT_X = 33;
   expectAt(cust(), 33, 0);
 }

@@ -215,7 +215,7 @@ void showEverything(SceneView& picture) {
   v.NodeLabel[0] = 301, v.NodeLabel[1] = 302;
   v.PipeLabel[0] = 7, v.PipeLabel[1] = 12;
   v.CustLabel[0] = 422, v.CustLabel[1] = 454;
-  v.NodePrefix = v.PipePrefix = v.CustPrefix = v.NodeUnits = v.PipeUnits = 1;
+  v.NodePrefix = v.PipePrefix = v.CustPrefix = v.NodeUnits = v.PipeUnits = v.CustUnits = 1;
   v.NodeTransparent = v.PipeTransparent = v.CustTransparent = 1;
   v.NodeLeader = v.PipeLeader = v.CustLeader = 1;
   v.DevicesOn = v.ArrowsOn = v.VtxMarksOn = v.ArrowsAtMidVertex = 1;
