@@ -57,7 +57,8 @@ int32_t ClipSegment(double* x1, double* y1, double* x2, double* y2) {
 }
 
 int32_t DrawClipLine(int16_t clip, double x1, double y1, double x2, double y2) {
-  if (clip && ClipSegment(&x1, &y1, &x2, &y2)) return 0;
+  const bool cut = clip && (OutOfView(x1, y1) || OutOfView(x2, y2));
+  if (cut && ClipSegment(&x1, &y1, &x2, &y2)) return 0;
   const DevPoint a = WorldToDevPair(x1, y1), b = WorldToDevPair(x2, y2);
   MoveToEx(drawState.DC, a.x, a.y, nullptr);
   LineTo(drawState.DC, b.x, b.y);

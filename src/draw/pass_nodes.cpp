@@ -7,6 +7,7 @@
 #include "draw/pass_common.h"
 #include "draw/symbols.h"
 #include "geometry/angles.h"
+#include "model/prefetch.h"
 #include "model/tables.h"
 
 namespace pn10 {
@@ -148,6 +149,7 @@ int32_t DrawNodes(int32_t first, int32_t last, int16_t clearHilite, int16_t* rec
   const int32_t top = std::min({last, nodeTop(), model.nxySlots - 1});
   bool cancelled = false;
   for (int32_t node = std::max(first, 1); node <= top && !cancelled; node++) {
+    prefetchNodes(node, top);
     const bool painted = pass.paint(node);
     model.nxy[node].Drawn = 0;
     cancelled = painted && polls.drawn();

@@ -6,6 +6,7 @@
 #include "draw/labels.h"
 #include "draw/pass_common.h"
 #include "draw/pipe_body.h"
+#include "model/prefetch.h"
 #include "model/tables.h"
 
 namespace pn10 {
@@ -173,6 +174,7 @@ int32_t DrawPipes(int32_t first, int32_t last, int16_t clearHilite, int16_t* rec
   const int32_t top = std::min({last, pipeTop(), model.pxySlots - 1});
   bool cancelled = false;
   for (int32_t pipe = std::max(first, 1); pipe <= top && !cancelled; pipe++) {
+    prefetchPipes(pipe, top);
     cancelled = pass.paint(pipe) && polls.drawn();
   }
   if (cancelled || polls.finish()) return -1;

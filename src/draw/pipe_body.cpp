@@ -63,7 +63,7 @@ bool PipeBody::paint(bool clearing) {
 
 /** With clipping, true when the ends, widened by a margin, all lie beyond the same side of the window. */
 bool PipeBody::outside(double margin) const {
-  if (!style_.clip) return false;
+  if (!style_.clip || !OutOfView(x1, y1)) return false;
   Box box{x1, y1, x1, y1};
   box.add(x2, y2);
   return Box{box.left - margin, box.bottom - margin, box.right + margin, box.top + margin}.outside();
@@ -111,7 +111,7 @@ bool PipeBody::paintStraight() {
 bool PipeBody::paintPolyline(bool clearing) {
   const int32_t first = screen_.FIRST_VTX, last = std::min(screen_.LAST_VTX, vtxTop());
   if (first < 1 || first > last) return paintStraight();
-  if (style_.clip) {
+  if (style_.clip && OutOfView(x1, y1)) {
     Box box{x1, y1, x1, y1};
     box.add(x2, y2);
     for (int32_t v = first; v <= last; v++) {

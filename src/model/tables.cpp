@@ -9,6 +9,7 @@
 #include "model/staging.h"
 #include "model/wait_cursor.h"
 #include "platform/kernel.h"
+#include "platform/pages.h"
 #include "platform/user.h"
 
 namespace pn10 {
@@ -49,11 +50,19 @@ bool fits(int32_t count, size_t recordSize) {
 constinit DrawState drawState = initialDrawState();
 
 void* allocateRecords(int32_t count, size_t recordSize) {
-  return fits(count, recordSize) ? std::calloc(static_cast<size_t>(count) + 1, recordSize) : nullptr;
+  if (!fits(count, recordSize)) return nullptr;
+  const size_t slots = static_cast<size_t>(count) + 1;
+  void* block = std::calloc(slots, recordSize);
+  adviseLargePages(block, slots * recordSize);
+  return block;
 }
 
 void* reallocateRecords(void* block, int32_t count, size_t recordSize) {
-  return fits(count, recordSize) ? std::realloc(block, (static_cast<size_t>(count) + 1) * recordSize) : nullptr;
+  if (!fits(count, recordSize)) return nullptr;
+  const size_t size = (static_cast<size_t>(count) + 1) * recordSize;
+  void* grown = std::realloc(block, size);
+  adviseLargePages(grown, size);
+  return grown;
 }
 
 void freeRecords(void* block) { std::free(block); }

@@ -1,0 +1,40 @@
+/**
+ * Cache lines asked for ahead of a walk.
+ *
+ * A record spans several lines of which a pass reads two or three, and the end nodes of a pipe lie anywhere; without
+ * this, waiting for memory is most of a picture. It changes no result. Always inline: a compiler takes a function of
+ * prefetches alone for one without effect and drops its calls.
+ */
+#ifndef PN10_MODEL_PREFETCH_H
+#define PN10_MODEL_PREFETCH_H
+
+#include "model/tables.h"
+
+namespace pn10 {
+
+/** How many records ahead: far enough for a line to arrive, near enough for it to stay. */
+constexpr int32_t kPipesAhead = 32, kEndsAhead = 16, kNodesAhead = 32;
+
+/** Calls for pipe `p` of a walk up to `top`: its record's lines, and the places of the end nodes of a nearer pipe. */
+[[gnu::always_inline]] inline void prefetchPipes(int32_t p, int32_t top) {
+  if (p + kPipesAhead > top) return;
+  const Pdt& far = model.pdt[p + kPipesAhead];
+  __builtin_prefetch(&far.FROM_NODE);
+  __builtin_prefetch(&far.VTX_MODE);
+  __builtin_prefetch(&far.REC_STATUS);
+  const Pdt& near = model.pdt[p + kEndsAhead];
+  for (int32_t node : {near.FROM_NODE, near.TO_NODE}) {
+    if (hasNodeSlot(node)) __builtin_prefetch(&model.ndt[node].X_COORD);
+  }
+}
+
+/** The lines that decide about a node; its members lie near a boundary, so they may be two. */
+[[gnu::always_inline]] inline void prefetchNodes(int32_t n, int32_t top) {
+  if (n + kNodesAhead > top) return;
+  __builtin_prefetch(&model.ndt[n + kNodesAhead].SYM_SIZE);
+  __builtin_prefetch(&model.ndt[n + kNodesAhead].HYD_TYPE);
+}
+
+}  // namespace pn10
+
+#endif
