@@ -1,4 +1,7 @@
 /** Numbered fields of nodes: every row, the guards and the date stamp. */
+#include <cmath>
+#include <limits>
+
 #include "fields/field_rows.h"
 
 namespace {
@@ -171,6 +174,21 @@ TEST_F(NodeFields, a_count_above_the_table_reads_minus_one_and_stores_nothing) {
     if (!ofTable) SetNdtVal(999999, field, "x", 1);
   }
   EXPECT_STREQ(text, "");
+}
+
+TEST_F(NodeFields, values_beyond_every_type_are_held_at_its_limits) {
+  const double huge = 1e300, nothing = std::numeric_limits<double>::quiet_NaN();
+  for (const auto& row : kNumbers) {
+    for (const double value : {huge, -huge, HUGE_VAL, nothing}) SetNdtVal(1, row.field, "", value);
+  }
+  SetNdtVal(1, 377, "", huge);
+  EXPECT_EQ(node().ID, INT32_MAX);
+  SetNdtVal(1, 377, "", -huge);
+  EXPECT_EQ(node().ID, INT32_MIN);
+  SetNdtVal(1, 377, "", nothing);
+  EXPECT_EQ(node().ID, 0);
+  SetNdtVal(1, 302, "", huge);
+  EXPECT_EQ(node().PRESSURE, std::numeric_limits<float>::infinity());
 }
 
 TEST(NodeFieldsBeforeALoad, record_zero_reads_zeros) {
