@@ -10,14 +10,24 @@
 
 namespace pn10::fuzz {
 
+/** A folder that goes with the process. */
+struct Folder {
+  Folder() {
+    path = (std::filesystem::temp_directory_path() / "pn10fuzzXXXXXX").string();
+    if (!mkdtemp(path.data())) std::abort();
+    base = path + "/model";
+  }
+  ~Folder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path, ignored);
+  }
+  std::string path, base;
+};
+
 /** A model base path in a folder of its own. */
 inline const std::string& base() {
-  static const std::string path = [] {
-    std::string folder = (std::filesystem::temp_directory_path() / "pn10fuzzXXXXXX").string();
-    if (!mkdtemp(folder.data())) std::abort();
-    return folder + "/model";
-  }();
-  return path;
+  static const Folder folder;
+  return folder.base;
 }
 
 inline void write(const char* extension, const uint8_t* bytes, size_t size) {
