@@ -177,7 +177,7 @@ constexpr Field kCLutFields[] = {
 struct Access {
   const Field* fields;
   int16_t fieldCount;
-  int32_t (*find)(const char* key, int16_t countMatches);
+  int32_t(PN10_CALL* find)(const char* key, int16_t countMatches);
   const char* unknown;
   double bad;
 };

@@ -3,7 +3,7 @@
 #include "facility/facility.h"
 #include "faults.h"
 #include "lookup/packed.h"
-#include "model/tables.h"
+#include "support/model_builder.h"
 
 namespace pn10::test {
 namespace {
@@ -80,16 +80,9 @@ TEST_F(NoLookupMemory, facility_tables_give_minus_one_and_are_empty_then) {
 }
 
 TEST_F(NoLookupMemory, node_flags_are_rebuilt_pipe_by_pipe_when_there_is_no_room_for_all) {
-  model.ndt = newTable<Ndt>(3);
-  model.nxy = newTable<NXY>(3);
-  model.pdt = newTable<Pdt>(2);
-  model.pxy = newTable<PXY>(2);
-  model.ndtSlots = model.nxySlots = (model.nodeCount = 3) + 1;
-  model.pdtSlots = model.pxySlots = (model.pipeCount = 2) + 1;
-  for (int32_t p : {1, 2}) {
-    model.pdt[p].FROM_NODE = p;
-    model.pdt[p].TO_NODE = p + 1;
-  }
+  addNodes(3);
+  addPipe(1, 2);
+  addPipe(2, 3);
   failAllocation(1);
   EXPECT_EQ(ResetPipeFacSettings(1, 2, 1, "Psi", 1), 0);
   for (int32_t n : {1, 2, 3}) EXPECT_EQ(model.nxy[n].Active, 1) << n;
