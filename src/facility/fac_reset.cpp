@@ -38,11 +38,13 @@ void store(NXY& screen, const NodeFlags& flags) {
   screen.Aux = flags.aux;
 }
 
+/** Highest pipe with a record and a screen record. */
+int32_t screenTop() { return pipeTop() < model.pxySlots ? pipeTop() : model.pxySlots - 1; }
+
 /** One pass over the live pipes; a pipe with both ends at a node counts twice there. */
 template <class FlagsOf>
 void collect(FlagsOf&& flagsOf) {
-  const int32_t top = pipeTop() < model.pxySlots ? pipeTop() : model.pxySlots - 1;
-  for (int32_t pipe = 1; pipe <= top; pipe++) {
+  for (int32_t pipe = 1; pipe <= screenTop(); pipe++) {
     if (model.pdt[pipe].REC_STATUS == -1) continue;
     if (NodeFlags* flags = flagsOf(model.pdt[pipe].FROM_NODE)) addEnd(*flags, model.pxy[pipe]);
     if (NodeFlags* flags = flagsOf(model.pdt[pipe].TO_NODE)) addEnd(*flags, model.pxy[pipe]);
@@ -100,7 +102,7 @@ void RecalcNodeFacFlags(int32_t pipe, const char* defaultPressureUnits) {
 using namespace pn10;
 
 int32_t SetPipeFacSettings(int32_t facNo, int16_t flag, int16_t value) {
-  for (int32_t pipe = 1; pipe <= pipeTop() && hasPxySlot(pipe); pipe++) {
+  for (int32_t pipe = 1; pipe <= screenTop(); pipe++) {
     if (model.pdt[pipe].FACILITY != facNo) continue;
     PXY& screen = model.pxy[pipe];
     if (flag == 0) screen.Display = static_cast<uint8_t>(value);
@@ -113,9 +115,8 @@ int32_t SetPipeFacSettings(int32_t facNo, int16_t flag, int16_t value) {
 
 int32_t ResetPipeFacSettings(int32_t firstPipe, int32_t lastPipe, int16_t defaultEquation,
                              const char* defaultPressureUnits, int16_t recompute) {
-  const int32_t slots = model.pdtSlots < model.pxySlots ? model.pdtSlots : model.pxySlots;
   if (firstPipe < 1) firstPipe = 1;
-  if (lastPipe > slots - 1) lastPipe = slots - 1;
+  if (lastPipe > screenTop()) lastPipe = screenTop();
   for (int32_t pipe = firstPipe; pipe <= lastPipe; pipe++) {
     SetPipeFacFlags(pipe, defaultEquation);
     if (recompute) continue;
