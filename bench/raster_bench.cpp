@@ -12,6 +12,7 @@
 #include <memory>
 #include <vector>
 
+#include "exports/pn10platform.h"
 #include "platform/portable/painter.h"
 
 namespace {
@@ -83,6 +84,19 @@ void BM_LinesPainter(benchmark::State& run) {
   run.SetItemsProcessed(run.iterations() * kLines);
 }
 BENCHMARK(BM_LinesPainter)->ArgName("rop2")->Arg(R2_COPYPEN)->Arg(R2_MASKPEN)->Unit(benchmark::kMillisecond);
+
+void BM_LinesGdiCalls(benchmark::State& run) {
+  const HDC dc = PnCreateImageDC(kWidth, kHeight, 96, 0xFFFFFF);
+  for (auto _ : run) {
+    for (const Line& l : lines()) {
+      MoveToEx(dc, l.from.x, l.from.y, nullptr);
+      LineTo(dc, l.to.x, l.to.y);
+    }
+  }
+  run.SetItemsProcessed(run.iterations() * kLines);
+  PnDeleteDC(dc);
+}
+BENCHMARK(BM_LinesGdiCalls)->Unit(benchmark::kMillisecond);
 
 void BM_LinesCairo(benchmark::State& run) {
   cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, kWidth, kHeight);
