@@ -19,7 +19,8 @@ namespace {
 
 using namespace pn10::portable;
 
-constexpr int kWidth = 1600, kHeight = 1200, kLines = 1000000;
+constexpr int kWidth = 1600, kHeight = 1200;
+const int kLines = std::getenv("PN10_BENCH_SMALLEST") ? 10000 : 1000000;
 
 struct Line {
   POINT from, to;
@@ -64,7 +65,7 @@ void bareLine(uint32_t* pixels, POINT a, POINT b, uint32_t color) {
   }
 }
 
-void BM_LinesBareBresenham(benchmark::State& run) {
+void bareLines(benchmark::State& run) {
   Paper paper;
   for (auto _ : run) {
     for (const Line& l : lines()) bareLine(paper.pixels.data(), l.from, l.to, 0);
@@ -72,20 +73,19 @@ void BM_LinesBareBresenham(benchmark::State& run) {
   }
   run.SetItemsProcessed(run.iterations() * kLines);
 }
-BENCHMARK(BM_LinesBareBresenham)->Unit(benchmark::kMillisecond);
+BENCHMARK(bareLines)->Unit(benchmark::kMillisecond);
 
-void BM_LinesPainter(benchmark::State& run) {
+void painterLines(benchmark::State& run) {
   Paper paper;
-  paper.state.rop2 = static_cast<int>(run.range(0));
   for (auto _ : run) {
     for (const Line& l : lines()) paper.painter->line(paper.state, l.from, l.to);
     benchmark::ClobberMemory();
   }
   run.SetItemsProcessed(run.iterations() * kLines);
 }
-BENCHMARK(BM_LinesPainter)->ArgName("rop2")->Arg(R2_COPYPEN)->Arg(R2_MASKPEN)->Unit(benchmark::kMillisecond);
+BENCHMARK(painterLines)->Unit(benchmark::kMillisecond);
 
-void BM_LinesGdiCalls(benchmark::State& run) {
+void gdiLines(benchmark::State& run) {
   const HDC dc = PnCreateImageDC(kWidth, kHeight, 96, 0xFFFFFF);
   for (auto _ : run) {
     for (const Line& l : lines()) {
@@ -96,9 +96,11 @@ void BM_LinesGdiCalls(benchmark::State& run) {
   run.SetItemsProcessed(run.iterations() * kLines);
   PnDeleteDC(dc);
 }
-BENCHMARK(BM_LinesGdiCalls)->Unit(benchmark::kMillisecond);
+BENCHMARK(gdiLines)->Unit(benchmark::kMillisecond);
 
-void BM_LinesCairo(benchmark::State& run) {
+BENCHMARK(gdiLines)->Name("gdiLinesAgainstCairo")->Unit(benchmark::kMillisecond);
+
+void cairoLines(benchmark::State& run) {
   cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, kWidth, kHeight);
   cairo_t* cr = cairo_create(surface);
   cairo_set_antialias(cr, CAIRO_ANTIALIAS_NONE);
@@ -115,9 +117,9 @@ void BM_LinesCairo(benchmark::State& run) {
   cairo_destroy(cr);
   cairo_surface_destroy(surface);
 }
-BENCHMARK(BM_LinesCairo)->Unit(benchmark::kMillisecond)->Iterations(1);
+BENCHMARK(cairoLines)->Unit(benchmark::kMillisecond);
 
-void BM_SmallEllipses(benchmark::State& run) {
+void smallEllipses(benchmark::State& run) {
   Paper paper;
   const int size = static_cast<int>(run.range(0));
   for (auto _ : run) {
@@ -128,9 +130,9 @@ void BM_SmallEllipses(benchmark::State& run) {
   }
   run.SetItemsProcessed(run.iterations() * kLines);
 }
-BENCHMARK(BM_SmallEllipses)->Arg(5)->Arg(9)->Unit(benchmark::kMillisecond);
+BENCHMARK(smallEllipses)->Arg(5)->Arg(9)->Unit(benchmark::kMillisecond);
 
-void BM_SmallPolygons(benchmark::State& run) {
+void smallPolygons(benchmark::State& run) {
   Paper paper;
   for (auto _ : run) {
     for (const Line& l : lines()) {
@@ -142,9 +144,9 @@ void BM_SmallPolygons(benchmark::State& run) {
   }
   run.SetItemsProcessed(run.iterations() * kLines);
 }
-BENCHMARK(BM_SmallPolygons)->Unit(benchmark::kMillisecond);
+BENCHMARK(smallPolygons)->Unit(benchmark::kMillisecond);
 
-void BM_WideLines(benchmark::State& run) {
+void wideLines(benchmark::State& run) {
   Paper paper;
   paper.pen.width = static_cast<int32_t>(run.range(0));
   for (auto _ : run) {
@@ -153,6 +155,6 @@ void BM_WideLines(benchmark::State& run) {
   }
   run.SetItemsProcessed(run.iterations() * kLines);
 }
-BENCHMARK(BM_WideLines)->Arg(2)->Arg(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(wideLines)->Arg(2)->Arg(5)->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -78,7 +78,10 @@ BOOL LineTo(HDC dc, int x, int y) {
   if (context->pathOpen) {
     appendLine(openFigure(*context), x, y);
   } else {
-    withPainter(*context, [&](Painter& p) { p.line(state.paint, state.position, {x, y}); });
+    /* Read as it was written, in halves: a read of both at once would wait until all pixels before are stored. */
+    const volatile POINT& at = state.position;
+    const POINT from{at.x, at.y};
+    withPainter(*context, [&](Painter& p) { p.line(state.paint, from, {x, y}); });
   }
   state.position = {x, y};
   return 1;

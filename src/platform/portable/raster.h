@@ -22,7 +22,12 @@ struct Canvas {
         clip{std::max(visible.left, 0), std::max(visible.top, 0), std::min(visible.right, raster.width),
              std::min(visible.bottom, raster.height)} {}
   bool empty() const { return clip.left >= clip.right || clip.top >= clip.bottom; }
-  bool contains(POINT p) const { return p.x >= clip.left && p.x < clip.right && p.y >= clip.top && p.y < clip.bottom; }
+  bool contains(POINT p) const { /* an unsigned difference is small only inside */
+    const auto inside = [](LONG v, LONG low, LONG high) {
+      return static_cast<uint32_t>(v) - static_cast<uint32_t>(low) < static_cast<uint32_t>(high - low);
+    };
+    return inside(p.x, clip.left, clip.right) & inside(p.y, clip.top, clip.bottom);
+  }
   uint32_t* at(int64_t x, int64_t y) const { return pixels + static_cast<ptrdiff_t>(y) * stride + x; }
 };
 
@@ -41,7 +46,8 @@ struct Ink {
   bool repeatable() const { return (keep & flip) == 0; }
   void apply(uint32_t& pixel) const { pixel = (pixel & keep) ^ flip; }
 };
-Ink inkOf(int rop2, uint32_t rgb);
+Ink combiningInk(int rop2, uint32_t rgb);
+inline Ink inkOf(int rop2, uint32_t rgb) { return rop2 == R2_COPYPEN ? Ink{0, rgb} : combiningInk(rop2, rgb); }
 
 /** Paints the columns left <= x < right of a row, as far as visible. */
 inline void paintSpan(const Canvas& canvas, const Ink& ink, int64_t y, int64_t left, int64_t right) {

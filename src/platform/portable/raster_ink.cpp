@@ -17,8 +17,8 @@ uint32_t paintedColor(COLORREF color) {
 }
 
 /* An operation's number less one is its truth table: bit 0 for pen 0 on pixel 0, then 0 on 1, 1 on 0, 1 on 1. */
-Ink inkOf(int rop2, uint32_t rgb) {
-  if (rop2 == R2_COPYPEN || rop2 < R2_BLACK || rop2 > R2_WHITE) return {0, rgb};
+Ink combiningInk(int rop2, uint32_t rgb) {
+  if (rop2 < R2_BLACK || rop2 > R2_WHITE) return {0, rgb};
   const int table = rop2 - 1;
   const uint32_t onClear = (table & 4 ? rgb : 0) | (table & 1 ? ~rgb : 0);
   const uint32_t onSet = (table & 8 ? rgb : 0) | (table & 2 ? ~rgb : 0);

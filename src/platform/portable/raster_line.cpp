@@ -11,21 +11,30 @@ namespace pn10::portable {
 
 namespace {
 
-/** The steps of a line: step i lies i along the longer axis and minor(i) along the other. */
+/** `a` where the mask has all bits set, `b` where it has none: a choice that a processor need not guess. */
+int64_t choose(int64_t mask, int64_t a, int64_t b) { return b ^ ((a ^ b) & mask); }
+
+/**
+ * The steps of a line: step i lies i along the longer axis and minor(i) along the other.
+ *
+ * Lines of a map go all ways, so the making of it has no branches on the direction.
+ */
 struct Steps {
   uint64_t length, rise; /* rise <= length <= 2^32 - 1 */
-  bool xMajor, xDown, yDown;
-  int64_t tie; /* 1 when a tie stays behind, as the other coordinate grows */
+  int64_t xWay, yWay;    /* 1 or -1 */
+  int64_t xMajor;        /* a mask: all bits set when x is the longer axis */
+  int64_t tie;           /* 1 when a tie stays behind, as the other coordinate grows */
 
   Steps(POINT from, POINT to) {
     const int64_t dx = int64_t{to.x} - from.x, dy = int64_t{to.y} - from.y;
-    const uint64_t ax = static_cast<uint64_t>(dx < 0 ? -dx : dx), ay = static_cast<uint64_t>(dy < 0 ? -dy : dy);
-    xMajor = ax >= ay;
-    xDown = dx < 0;
-    yDown = dy < 0;
-    length = xMajor ? ax : ay;
-    rise = xMajor ? ay : ax;
-    tie = (xMajor ? yDown : xDown) ? 0 : 1;
+    const int64_t xDown = dx >> 63, yDown = dy >> 63;
+    const int64_t ax = (dx ^ xDown) - xDown, ay = (dy ^ yDown) - yDown;
+    xWay = xDown | 1;
+    yWay = yDown | 1;
+    xMajor = ~((ax - ay) >> 63);
+    length = static_cast<uint64_t>(choose(xMajor, ax, ay));
+    rise = static_cast<uint64_t>(choose(xMajor, ay, ax));
+    tie = 1 + choose(xMajor, yDown, xDown);
   }
   uint64_t minor(uint64_t i) const {
     const uint64_t product = i * rise, rest = product % length;
@@ -46,38 +55,38 @@ struct Steps {
   }
 };
 
-/** A place on a line: the pixel, and the error term that decides the next step. */
+/** A place on a line: the pixel, and the error term that decides the step from here. */
 struct Cursor {
   uint32_t* pixel;
-  ptrdiff_t along, across;
-  int64_t error, add, take;
+  int64_t error;                  /* below 0: straight on */
+  int64_t diagonal, straightLess; /* pixels of a diagonal step; what a straight one goes beyond that */
+  int64_t turned, straightError;  /* the same for the error */
 
   Cursor(const Canvas& canvas, const Steps& s, POINT from, uint64_t first) {
-    const ptrdiff_t x = s.xDown ? -1 : 1, y = s.yDown ? -canvas.stride : canvas.stride;
-    along = s.xMajor ? x : y;
-    across = s.xMajor ? y : x;
-    add = 2 * static_cast<int64_t>(s.rise);
-    take = 2 * static_cast<int64_t>(s.length);
-    error = -static_cast<int64_t>(s.length) - s.tie;
-    uint64_t minor = 0;
+    const int64_t x = s.xWay, y = s.yWay * canvas.stride, length = static_cast<int64_t>(s.length);
+    diagonal = x + y;
+    straightLess = choose(s.xMajor, x, y) - diagonal;
+    turned = 2 * static_cast<int64_t>(s.rise) - 2 * length;
+    straightError = 2 * length;
+    error = turned + length - s.tie;
+    int64_t along = 0, across = 0;
     if (first) {
       const uint64_t product = first * s.rise;
-      minor = product / s.length;
+      along = static_cast<int64_t>(first);
+      across = static_cast<int64_t>(product / s.length);
       error += 2 * static_cast<int64_t>(product % s.length);
-      if (error >= 0) minor++, error -= take;
+      if (error >= 2 * static_cast<int64_t>(s.rise)) across++, error -= 2 * length;
     }
-    const int64_t i = static_cast<int64_t>(first), j = static_cast<int64_t>(minor);
     pixel =
-        canvas.at(from.x + (s.xDown ? -1 : 1) * (s.xMajor ? i : j), from.y + (s.yDown ? -1 : 1) * (s.xMajor ? j : i));
+        canvas.at(from.x + s.xWay * choose(s.xMajor, along, across), from.y + s.yWay * choose(s.xMajor, across, along));
   }
-  /** One step, without a branch that a processor would have to guess. */
+  /** One step, by masks: which way a line turns next is nothing that a processor could guess. */
   void step() {
-    error += add;
-    const int64_t turn = -static_cast<int64_t>(error >= 0);
-    pixel += along + (across & static_cast<ptrdiff_t>(turn));
-    error -= take & turn;
+    const int64_t straight = error >> 63;
+    pixel += static_cast<ptrdiff_t>(diagonal + (straightLess & straight));
+    error = error + turned + (straightError & straight);
   }
-  void paint(const Ink& ink, uint64_t count) {
+  void paint(Ink ink, uint64_t count) {
     if (ink.stores()) {
       for (; count; count--, step()) *pixel = ink.flip;
     } else {
@@ -94,7 +103,8 @@ struct Range {
 };
 
 /** The steps first <= i < end of 0 <= i < count at which origin +- i lies in low ... high - 1. */
-Range stepsInside(int64_t origin, bool down, int64_t low, int64_t high, uint64_t count) {
+Range stepsInside(int64_t origin, int64_t way, int64_t low, int64_t high, uint64_t count) {
+  const bool down = way < 0;
   const int64_t from = down ? origin - (high - 1) : low - origin, to = down ? origin - low : high - 1 - origin;
   if (to < 0 || from > to) return {0, 0};
   return {static_cast<uint64_t>(std::max<int64_t>(from, 0)), std::min(static_cast<uint64_t>(to) + 1, count)};
@@ -103,8 +113,8 @@ Range stepsInside(int64_t origin, bool down, int64_t low, int64_t high, uint64_t
 /** The visible steps of a line: they are one run, since both coordinates only ever go one way. */
 Range visibleSteps(const Canvas& canvas, const Steps& s, POINT from, uint64_t count) {
   const RECT& c = canvas.clip;
-  const Range x = stepsInside(from.x, s.xDown, c.left, c.right, s.xMajor ? count : s.rise + 1);
-  const Range y = stepsInside(from.y, s.yDown, c.top, c.bottom, s.xMajor ? s.rise + 1 : count);
+  const Range x = stepsInside(from.x, s.xWay, c.left, c.right, s.xMajor ? count : s.rise + 1);
+  const Range y = stepsInside(from.y, s.yWay, c.top, c.bottom, s.xMajor ? s.rise + 1 : count);
   const Range& along = s.xMajor ? x : y;
   const Range& across = s.xMajor ? y : x;
   if (along.first >= along.end || across.first >= across.end) return {0, 0};
@@ -148,21 +158,25 @@ void dashedLine(const Canvas& canvas, const Stroke& stroke, POINT from, POINT to
 
 }  // namespace
 
-void thinLine(const Canvas& canvas, const Ink& ink, POINT from, POINT to, bool endPixel) {
-  const Steps s(from, to);
-  if (!s.length) return;
-  const uint64_t count = s.length + (endPixel && s.rise ? 1 : 0);
-  if (canvas.contains(from) && canvas.contains(to)) {
-    if (!s.rise && s.xMajor)
-      return paintSpan(canvas, ink, from.y, from.x - (s.xDown ? int64_t(count) - 1 : 0),
-                       from.x + (s.xDown ? 1 : int64_t(count)));
-    Cursor cursor(canvas, s, from, 0);
-    return cursor.paint(ink, count);
+/** A line that is level or leaves the visible rectangle; apart, so that the common line keeps to registers. */
+[[gnu::noinline]] static void rareLine(const Canvas& canvas, Ink ink, const Steps& s, POINT from, POINT to,
+                                       uint64_t count) {
+  if (from.y == to.y) {
+    const int64_t left = s.xWay > 0 ? from.x : int64_t{to.x} + 1;
+    return paintSpan(canvas, ink, from.y, left, left + static_cast<int64_t>(count));
   }
   const Range range = visibleSteps(canvas, s, from, count);
-  if (range.first >= range.end) return;
-  Cursor cursor(canvas, s, from, range.first);
-  cursor.paint(ink, range.end - range.first);
+  if (range.first < range.end) Cursor(canvas, s, from, range.first).paint(ink, range.end - range.first);
+}
+
+void thinLine(const Canvas& canvas, const Ink& ink, POINT from, POINT to, bool endPixel) {
+  const Steps s(from, to);
+  const uint64_t count = s.length + (endPixel && s.rise ? 1 : 0);
+  if (!s.length) return;
+  if (!canvas.contains(from) || !canvas.contains(to) || from.y == to.y) {
+    return rareLine(canvas, ink, s, from, to, count);
+  }
+  Cursor(canvas, s, from, 0).paint(ink, count);
 }
 
 void thinChain(const Canvas& canvas, const Stroke& stroke, const POINT* points, size_t count, bool closed) {
