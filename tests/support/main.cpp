@@ -13,3 +13,8 @@ int main(int argc, char** argv) {
   }
   return RUN_ALL_TESTS();
 }
+
+/** fontconfig 2.14 loses a pattern of its own when it reads its configuration; all other leaks are ours. */
+extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions() {
+  return "leak:libfontconfig\n";
+}

@@ -9,6 +9,9 @@
 
 namespace pn10::portable {
 
+HDC recentHandle = nullptr;
+Context* recentContext = nullptr;
+
 namespace {
 
 void releaseState(const State& state) {
@@ -73,6 +76,10 @@ Context* newContext(Device device, const DeviceFacts& facts) {
 HDC enterContext(Context* context, const char* madeBy) { return static_cast<HDC>(enter(context, madeBy)); }
 
 void freeContext(Context* context) {
+  if (recentContext == context) {
+    recentHandle = nullptr;
+    recentContext = nullptr;
+  }
   releaseState(context->state);
   for (const State& state : context->saved) releaseState(state);
   if (context->bitmap) {

@@ -62,7 +62,20 @@ struct Context : Object {
   Bitmap* bitmap = nullptr;    /* memory contexts: what is selected */
 };
 
-inline Context* contextOf(HDC dc) { return find<Context>(dc); }
+/** The context asked for last: a picture is painted on one. Both null, or both of a living context. */
+extern HDC recentHandle;
+extern Context* recentContext;
+
+inline Context* contextOf(HDC dc) {
+  if (dc == recentHandle) [[likely]]
+    return recentContext;
+  Context* context = find<Context>(dc);
+  if (context) {
+    recentHandle = dc;
+    recentContext = context;
+  }
+  return context;
+}
 inline bool isMemoryContext(const Object* object) {
   return static_cast<const Context*>(object)->device == Device::Memory;
 }

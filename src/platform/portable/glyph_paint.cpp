@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 #include FT_FREETYPE_H
 #include FT_OUTLINE_H
 
@@ -19,6 +18,7 @@ namespace pn10::portable {
 namespace {
 
 constexpr double kFar = 1e8; /* nothing beyond is visible on any raster */
+constexpr int64_t kFarthestAlong = 400000000;
 
 /** The visible part of a raster and the ink. */
 struct Ink {
@@ -34,13 +34,12 @@ struct Ink {
     const auto to = static_cast<int32_t>(std::min<int64_t>(right, clip.right));
     if (from < to) std::fill(at(from, y), at(to, y), color);
   }
-  /** Mixes the ink in, for a coverage of 0 to 255. */
-  void mix(uint32_t& pixel, uint32_t coverage) const {
-    const uint32_t a = coverage + (coverage >> 7); /* 0 ... 256 */
-    const uint32_t rb = ((color & 0xFF00FF) * a + (pixel & 0xFF00FF) * (256 - a)) >> 8 & 0xFF00FF;
-    const uint32_t g = ((color & 0xFF00) * a + (pixel & 0xFF00) * (256 - a)) >> 8 & 0xFF00;
-    pixel = rb | g;
+  /** Mixes 0 to 256 parts of ink into a pixel: the three channels side by side in one multiplication. */
+  void mix(uint32_t& pixel, uint32_t parts) const {
+    const uint64_t mixed = (spread(color) * parts + spread(pixel) * (256 - parts)) >> 8;
+    pixel = static_cast<uint32_t>(mixed & 0xFF00FF) | static_cast<uint32_t>(mixed >> 24 & 0xFF00);
   }
+  static uint64_t spread(uint32_t c) { return (c & 0xFF00FF) | uint64_t{c & 0xFF00} << 24; }
 };
 
 /** Fills a turned rectangle: the points of whole coordinates inside, left and top edges in, others out. */
@@ -65,10 +64,8 @@ void fillTurned(const Ink& ink, const double (&x)[4], const double (&y)[4]) {
   }
 }
 
-void paintRuns(const Ink& ink, const Glyph& glyph, int32_t x, int32_t y) {
-  const RECT& c = ink.clip;
-  const bool inside = x >= c.left && y >= c.top && x + glyph.width <= c.right && y + glyph.height <= c.bottom;
-  for (const InkRun *run = glyph.runs, *end = run + glyph.runCount; run < end; run++) {
+void paintRuns(const Ink& ink, const Glyph& glyph, int32_t x, int32_t y, bool inside) {
+  for (const InkRun *run = glyph.runs, *end = run + glyph.count; run < end; run++) {
     if (inside) {
       uint32_t* p = ink.at(x + run->x, y + run->y);
       for (int16_t n = run->count; n; n--) *p++ = ink.color;
@@ -78,20 +75,23 @@ void paintRuns(const Ink& ink, const Glyph& glyph, int32_t x, int32_t y) {
   }
 }
 
-void paintCoverage(const Ink& ink, const Glyph& glyph, int32_t x, int32_t y) {
-  const int32_t left = std::max(x, ink.clip.left), right = std::min(x + glyph.width, ink.clip.right);
-  const int32_t top = std::max(y, ink.clip.top), bottom = std::min(y + glyph.height, ink.clip.bottom);
-  for (int32_t row = top; row < bottom; row++) {
-    const uint8_t* coverage = glyph.coverage + ptrdiff_t{row - y} * glyph.width + (left - x);
-    uint32_t* p = left < right ? ink.at(left, row) : nullptr;
-    for (int32_t n = right - left; n > 0; n--, p++, coverage++) {
-      if (*coverage == 255) {
-        *p = ink.color;
-      } else if (*coverage) {
-        ink.mix(*p, *coverage);
-      }
+void paintGrey(const Ink& ink, const Glyph& glyph, int32_t x, int32_t y, bool inside) {
+  const RECT& c = ink.clip;
+  for (const GreyPixel *pixel = glyph.pixels, *end = pixel + glyph.count; pixel < end; pixel++) {
+    const int32_t column = x + pixel->x, row = y + pixel->y;
+    if (inside || (column >= c.left && column < c.right && row >= c.top && row < c.bottom)) {
+      ink.mix(*ink.at(column, row), pixel->ink);
     }
   }
+}
+
+void paintGlyph(const Ink& ink, const Glyph& glyph, int32_t x, int32_t y) {
+  const RECT& c = ink.clip;
+  const int32_t right = x + glyph.width, bottom = y + glyph.height;
+  if (x >= c.right || y >= c.bottom || right <= c.left || bottom <= c.top) return;
+  const bool inside = x >= c.left && y >= c.top && right <= c.right && bottom <= c.bottom;
+  if (glyph.runs) paintRuns(ink, glyph, x, y, inside);
+  if (glyph.pixels) paintGrey(ink, glyph, x, y, inside);
 }
 
 /** Where the spans of a large outline go. */
@@ -111,11 +111,7 @@ void paintSpans(int row, int count, const FT_Span* spans, void* user) {
     const int32_t to = std::min(target.x + s->x + s->len, ink.clip.right);
     if (target.mono && s->coverage < 128) continue;
     for (int32_t x = from; x < to; x++) {
-      if (target.mono || s->coverage == 255) {
-        *ink.at(x, y) = ink.color;
-      } else {
-        ink.mix(*ink.at(x, y), s->coverage);
-      }
+      ink.mix(*ink.at(x, y), target.mono ? 256 : s->coverage + uint32_t{s->coverage} / 128);
     }
   }
 }
@@ -143,34 +139,31 @@ bool unseen(const TextRun& run, const RECT& clip) {
 
 void paintGlyphs(const Ink& ink, const TextRun& run) {
   FontData& font = *run.font;
-  const double angle = run.escapement * std::numbers::pi / 1800;
-  const double stepX = run.escapement ? std::cos(angle) : 1, stepY = run.escapement ? -std::sin(angle) : 0;
+  if (std::fabs(run.originX) > kFar || std::fabs(run.originY) > kFar) return;
+  /* Pen positions in 2^20ths of a pixel, rounded half up. */
+  constexpr int kShift = 20;
+  constexpr double kOne = 1 << kShift;
+  const auto startX = static_cast<int64_t>((run.originX + 0.5) * kOne),
+             startY = static_cast<int64_t>((run.originY + 0.5) * kOne);
+  const auto stepX = static_cast<int64_t>(font.cosine * kOne), stepY = static_cast<int64_t>(-font.sine * kOne);
   int64_t along = 0;
-  for (int32_t i = 0; i < run.count; i++) {
-    const double x = run.originX + static_cast<double>(along) * stepX;
-    const double y = run.originY + static_cast<double>(along) * stepY;
+  for (int32_t i = 0; i < run.count && along < kFarthestAlong; i++) {
+    const auto penX = static_cast<int32_t>((startX + along * stepX) >> kShift);
+    const auto penY = static_cast<int32_t>((startY + along * stepY) >> kShift);
     along += advanceOf(font, run.text[i]);
-    if (std::fabs(x) > kFar || std::fabs(y) > kFar) continue;
-    const auto penX = static_cast<int32_t>(std::floor(x + 0.5)), penY = static_cast<int32_t>(std::floor(y + 0.5));
-    if (penX - 2 * font.em > ink.clip.right && !run.escapement) break;
     if (font.em > kLargestKeptEm) {
       paintOutline(ink, font, run.text[i], penX, penY);
       continue;
     }
     const Glyph& glyph = glyphOf(font, run.text[i]);
-    if (glyph.runs) {
-      paintRuns(ink, glyph, penX + glyph.left, penY + glyph.top);
-    } else if (glyph.coverage) {
-      paintCoverage(ink, glyph, penX + glyph.left, penY + glyph.top);
-    }
+    if (glyph.count) paintGlyph(ink, glyph, penX + glyph.left, penY + glyph.top);
   }
 }
 
 }  // namespace
 
 void underlineCorners(const TextRun& run, double (&x)[4], double (&y)[4]) {
-  const double angle = run.escapement * std::numbers::pi / 1800;
-  const double cosine = run.escapement ? std::cos(angle) : 1, sine = run.escapement ? std::sin(angle) : 0;
+  const double cosine = run.font->cosine, sine = run.font->sine;
   const FaceMetrics& m = run.font->metrics;
   const double top = m.underlineTop, bottom = top + m.underlineThickness, right = run.width;
   const double corners[4][2] = {{0, top}, {right, top}, {right, bottom}, {0, bottom}};

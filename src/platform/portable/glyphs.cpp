@@ -85,7 +85,7 @@ FaceMetrics metricsAt(const Face& face, const CellUnits& units, int32_t em) {
 void dropGlyphs(FontData& font) {
   for (Glyph& glyph : font.glyphs) {
     std::free(glyph.runs);
-    std::free(glyph.coverage);
+    std::free(glyph.pixels);
   }
 }
 
@@ -120,6 +120,13 @@ struct FontKey {
   }
 };
 
+void setTurn(FontData& font) {
+  const double angle = font.escapement * std::numbers::pi / 1800;
+  const bool quarter = font.escapement % 900 == 0;
+  font.cosine = quarter ? std::round(std::cos(angle)) : std::cos(angle);
+  font.sine = quarter ? std::round(std::sin(angle)) : std::sin(angle);
+}
+
 FontData* makeFont(const FontKey& key, const CellUnits& units) {
   if (!setEm(*key.face, key.em)) return nullptr;
   if (fontCount >= kKeptFonts) dropUnused();
@@ -128,6 +135,7 @@ FontData* makeFont(const FontKey& key, const CellUnits& units) {
   font->face = key.face;
   font->em = key.em;
   font->escapement = key.escapement;
+  setTurn(*font);
   font->mono = key.mono;
   font->underline = key.underline;
   font->metrics = metricsAt(*key.face, units, key.em);
@@ -143,41 +151,45 @@ FT_Int32 loadFlags(const FontData& font) {
   return FT_LOAD_NO_BITMAP | (font.mono ? FT_LOAD_TARGET_MONO : FT_LOAD_DEFAULT);
 }
 
-/** Turns a one-bit bitmap into runs of ink. */
-bool keepRuns(Glyph& glyph, const FT_Bitmap& bitmap) {
-  const auto inked = [&](int32_t x, int32_t y) {
+/** Calls `use` with each stretch of ink of a one-bit bitmap: its row, its first column and its length. */
+template <class Use>
+void forEachRun(const FT_Bitmap& bitmap, Use use) {
+  const auto width = static_cast<int>(bitmap.width), height = static_cast<int>(bitmap.rows);
+  for (int y = 0; y < height; y++) {
     const uint8_t* row = bitmap.buffer + ptrdiff_t{y} * bitmap.pitch;
-    return (row[x >> 3] >> (7 - (x & 7)) & 1) != 0;
-  };
-  for (int pass = 0; pass < 2; pass++) {
-    int32_t count = 0;
-    for (int32_t y = 0; y < glyph.height; y++) {
-      for (int32_t x = 0; x < glyph.width; x++) {
-        if (!inked(x, y)) continue;
-        const int32_t from = x;
-        while (x < glyph.width && inked(x, y)) x++;
-        if (pass) {
-          glyph.runs[count] = {static_cast<int16_t>(y), static_cast<int16_t>(from), static_cast<int16_t>(x - from)};
-        }
-        count++;
-      }
+    const auto inked = [&](int x) { return (row[x >> 3] >> (7 - (x & 7)) & 1) != 0; };
+    for (int x = 0; x < width; x++) {
+      if (!inked(x)) continue;
+      const int from = x;
+      while (x < width && inked(x)) x++;
+      use(y, from, x - from);
     }
-    if (pass || !count) return true;
-    glyph.runs = static_cast<InkRun*>(std::malloc(static_cast<size_t>(count) * sizeof(InkRun)));
-    if (!glyph.runs) return false;
-    glyph.runCount = count;
   }
-  return true;
 }
 
-bool keepCoverage(Glyph& glyph, const FT_Bitmap& bitmap) {
-  const auto width = static_cast<size_t>(glyph.width);
-  glyph.coverage = static_cast<uint8_t*>(std::malloc(width * static_cast<size_t>(glyph.height) + 1));
-  if (!glyph.coverage) return false;
-  for (int32_t y = 0; y < glyph.height; y++) {
-    std::memcpy(glyph.coverage + static_cast<size_t>(y) * width, bitmap.buffer + ptrdiff_t{y} * bitmap.pitch, width);
+/** Keeps the ink of a bitmap; the glyph stays empty when there is no memory. */
+void keepRuns(Glyph& glyph, const FT_Bitmap& bitmap) {
+  size_t count = 0;
+  forEachRun(bitmap, [&](int, int, int) { count++; });
+  if (count) glyph.runs = static_cast<InkRun*>(std::malloc(count * sizeof(InkRun)));
+  if (!glyph.runs) return;
+  forEachRun(bitmap, [&](int y, int x, int length) {
+    glyph.runs[glyph.count++] = {static_cast<int16_t>(y), static_cast<int16_t>(x), static_cast<int16_t>(length)};
+  });
+}
+
+void keepGrey(Glyph& glyph, const FT_Bitmap& bitmap) {
+  const size_t most = static_cast<size_t>(bitmap.width) * bitmap.rows;
+  if (most) glyph.pixels = static_cast<GreyPixel*>(std::malloc(most * sizeof(GreyPixel)));
+  if (!glyph.pixels) return;
+  for (int y = 0; y < static_cast<int>(bitmap.rows); y++) {
+    for (int x = 0; x < static_cast<int>(bitmap.width); x++) {
+      const uint8_t coverage = bitmap.buffer[ptrdiff_t{y} * bitmap.pitch + x];
+      if (!coverage) continue;
+      const auto ink = static_cast<uint16_t>(coverage + (coverage >> 7));
+      glyph.pixels[glyph.count++] = {static_cast<int16_t>(y), static_cast<int16_t>(x), ink};
+    }
   }
-  return true;
 }
 
 void renderGlyph(FontData& font, unsigned char character, Glyph& glyph) {
@@ -189,8 +201,11 @@ void renderGlyph(FontData& font, unsigned char character, Glyph& glyph) {
   glyph.top = -slot->bitmap_top;
   glyph.width = static_cast<int32_t>(bitmap.width);
   glyph.height = static_cast<int32_t>(bitmap.rows);
-  const bool kept = font.mono ? keepRuns(glyph, bitmap) : keepCoverage(glyph, bitmap);
-  if (!kept) glyph.width = glyph.height = 0;
+  if (font.mono) {
+    keepRuns(glyph, bitmap);
+  } else {
+    keepGrey(glyph, bitmap);
+  }
 }
 
 }  // namespace
@@ -231,9 +246,8 @@ uint32_t glyphIndex(const FontData& font, unsigned char character) {
   return FT_Get_Char_Index(font.face->ft, unicodeOf(character));
 }
 
-int32_t advanceOf(FontData& font, unsigned char character) {
+int32_t loadAdvance(FontData& font, unsigned char character) {
   int16_t& kept = font.advances[character];
-  if (kept >= 0) return kept;
   if (!setEm(*font.face, font.em)) return 0;
   const FT_Face ft = font.face->ft;
   if (FT_Load_Glyph(ft, glyphIndex(font, character), FT_LOAD_DEFAULT | FT_LOAD_NO_BITMAP)) return kept = 0;
@@ -263,21 +277,18 @@ bool loadOutline(FontData& font, unsigned char character) {
     FT_Outline_Transform(outline, &slant);
   }
   if (font.escapement) {
-    const double angle = font.escapement * std::numbers::pi / 1800;
-    const auto cosine = static_cast<FT_Fixed>(std::lround(std::cos(angle) * 0x10000));
-    const auto sine = static_cast<FT_Fixed>(std::lround(std::sin(angle) * 0x10000));
+    const auto cosine = static_cast<FT_Fixed>(std::lround(font.cosine * 0x10000));
+    const auto sine = static_cast<FT_Fixed>(std::lround(font.sine * 0x10000));
     FT_Matrix turn{cosine, -sine, sine, cosine};
     FT_Outline_Transform(outline, &turn);
   }
   return true;
 }
 
-const Glyph& glyphOf(FontData& font, unsigned char character) {
+const Glyph& loadGlyph(FontData& font, unsigned char character) {
   Glyph& glyph = font.glyphs[character];
-  if (!glyph.loaded) {
-    glyph.loaded = true;
-    renderGlyph(font, character, glyph);
-  }
+  glyph.loaded = true;
+  renderGlyph(font, character, glyph);
   return glyph;
 }
 

@@ -37,21 +37,28 @@ struct InkRun {
   int16_t y, x, count;
 };
 
+/** A pixel of a glyph with grey: how much of it is ink, in 256ths. */
+struct GreyPixel {
+  int16_t y, x;
+  uint16_t ink;
+};
+
 /** A glyph ready to paint, relative to the pen position on the baseline; y grows downward. */
 struct Glyph {
   bool loaded = false;
   int32_t left = 0, top = 0, width = 0, height = 0;
-  int32_t runCount = 0;
+  size_t count = 0;            /* of the runs or the pixels */
   InkRun* runs = nullptr;      /* without grey */
-  uint8_t* coverage = nullptr; /* with grey: width bytes per row */
+  GreyPixel* pixels = nullptr; /* with grey */
 };
 
 struct FontData {
   FaceMetrics metrics;
   Face* face;
   int32_t em;
-  int32_t escapement; /* 0 ... 3599 */
-  bool mono;          /* ink only, no grey */
+  int32_t escapement;  /* 0 ... 3599 */
+  double cosine, sine; /* of it; exact for quarter turns */
+  bool mono;           /* ink only, no grey */
   bool underline;
   int32_t uses;
   FontData* next;
@@ -66,11 +73,19 @@ constexpr int32_t kLargestKeptEm = 256;
 FontData* realize(Font& font);
 void unrealize(Font& font);
 
-int32_t advanceOf(FontData& font, unsigned char character);
+int32_t loadAdvance(FontData& font, unsigned char character);
+inline int32_t advanceOf(FontData& font, unsigned char character) {
+  const int16_t kept = font.advances[character];
+  return kept >= 0 ? kept : loadAdvance(font, character);
+}
 ABC abcOf(FontData& font, unsigned char character);
 
 /** The glyph of a character, rendered at first use; empty when there is no memory or nothing to ink. */
-const Glyph& glyphOf(FontData& font, unsigned char character);
+const Glyph& loadGlyph(FontData& font, unsigned char character);
+inline const Glyph& glyphOf(FontData& font, unsigned char character) {
+  const Glyph& glyph = font.glyphs[character];
+  return glyph.loaded ? glyph : loadGlyph(font, character);
+}
 
 /** Loads a glyph's outline, imitations and turn applied, into the face's slot; false when there is none. */
 bool loadOutline(FontData& font, unsigned char character);

@@ -1,7 +1,4 @@
 /** TextOutA: where a run of text stands by alignment and escapement, and its cell. */
-#include <cmath>
-#include <numbers>
-
 #include "platform/portable/arcs.h"
 #include "platform/portable/glyphs.h"
 #include "platform/portable/text_metrics.h"
@@ -11,30 +8,6 @@ namespace pn10::portable {
 namespace {
 
 constexpr UINT kHorizontal = TA_CENTER, kVertical = TA_BASELINE;
-
-/** The escapement as 0 ... 3599 tenths of a degree. */
-int32_t normalized(int32_t escapement) { return (escapement % 3600 + 3600) % 3600; }
-
-struct Turn {
-  double cosine, sine;
-};
-
-/** Quarter turns are exact, so that upright and steep text stands on whole pixels. */
-Turn turnOf(int32_t escapement) {
-  switch (escapement) {
-    case 0:
-      return {1, 0};
-    case 900:
-      return {0, 1};
-    case 1800:
-      return {-1, 0};
-    case 2700:
-      return {0, -1};
-    default:
-      const double angle = escapement * std::numbers::pi / 1800;
-      return {std::cos(angle), std::sin(angle)};
-  }
-}
 
 }  // namespace
 
@@ -48,14 +21,15 @@ void paintText(Context& context, const TextMetrics& metrics, int32_t x, int32_t 
     y = state.position.y;
   }
   TextRun run{};
-  run.escapement = normalized(state.font->data.lfEscapement);
-  const Turn turn = turnOf(run.escapement);
+  const FontData* font = metrics.font();
+  run.escapement = font ? font->escapement : 0;
+  const double cosine = font ? font->cosine : 1, sine = font ? font->sine : 0;
   const UINT horizontal = state.textAlign & kHorizontal, vertical = state.textAlign & kVertical;
   const double left = horizontal == TA_CENTER ? -(width / 2) : horizontal == TA_RIGHT ? -width : 0;
   const double top = vertical == TA_BASELINE ? -metrics.ascent() : vertical == TA_BOTTOM ? -metrics.height() : 0;
-  const auto placeX = [&](double u, double v) { return x + u * turn.cosine + v * turn.sine; };
-  const auto placeY = [&](double u, double v) { return y - u * turn.sine + v * turn.cosine; };
-  if (metrics.font() && !context.pathOpen && (count > 0)) {
+  const auto placeX = [&](double u, double v) { return x + u * cosine + v * sine; };
+  const auto placeY = [&](double u, double v) { return y - u * sine + v * cosine; };
+  if (font && !context.pathOpen && (count > 0)) {
     run.font = metrics.font();
     run.text = reinterpret_cast<const unsigned char*>(text);
     run.count = count;
