@@ -54,6 +54,34 @@ int32_t ClipSegment(double* x1, double* y1, double* x2, double* y2);
 /** MoveToEx and LineTo of a world segment; with `clip` cut to the clip window first, 0 when nothing is left. */
 int32_t DrawClipLine(int16_t clip, double x1, double y1, double x2, double y2);
 
+/** Segments in a row, each drawn as DrawClipLine draws it; every point is tested and mapped once. */
+class ClipPath {
+ public:
+  ClipPath(bool clip, double x, double y) : clip_(clip) { place(x, y); }
+  /** Draws on to the next point; false when nothing of the segment is visible. */
+  bool lineTo(double x, double y) {
+    const double fromX = x_, fromY = y_;
+    const DevPoint from = dev_;
+    const bool fromInView = inView_;
+    place(x, y);
+    if (!fromInView || !inView_) return DrawClipLine(1, fromX, fromY, x, y) != 0;
+    MoveToEx(drawState.DC, from.x, from.y, nullptr);
+    LineTo(drawState.DC, dev_.x, dev_.y);
+    return true;
+  }
+
+ private:
+  void place(double x, double y) {
+    x_ = x;
+    y_ = y;
+    inView_ = !clip_ || !OutOfView(x, y);
+    dev_ = WorldToDevPair(x, y);
+  }
+  bool clip_, inView_;
+  double x_, y_;
+  DevPoint dev_;
+};
+
 /** Face, weight and height of a label font; `sizeMode` 1 scales with the map, else points. The rest is kept. */
 void MakeLogFont(LOGFONTA* font, float screenSize, float printSize, int16_t screenBold, int16_t printBold,
                  int16_t sizeMode);

@@ -124,11 +124,12 @@ bool PipeBody::paintPolyline(bool clearing) {
   usePen();
   if (style_.showMarks) useBrush();
   bool painted = false;
+  ClipPath path(style_.clip, x1, y1);
   double fromX = x1, fromY = y1;
   for (int32_t v = first; v <= last + 1; v++) {
     double x = x2, y = y2;
     if (v <= last) MapModelXY(model.vtx[v].VTX_X, model.vtx[v].VTX_Y, model.vtx[v].VTX_Z, &x, &y);
-    const bool visible = DrawClipLine(style_.clip, fromX, fromY, x, y) != 0;
+    const bool visible = path.lineTo(x, y);
     if (visible && (!style_.arrowsAtMid || v == midVertex)) arrow(fromX, fromY, x, y);
     if (v <= last) paintVertex(model.vtx[v], x, y, visible, clearing);
     painted = painted || visible;

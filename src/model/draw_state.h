@@ -10,6 +10,8 @@
 #include "exports/pn10gdi.h"
 #include "platform/gdi.h"
 
+#undef DrawState /* a macro of <windows.h> */
+
 namespace pn10 {
 
 /**

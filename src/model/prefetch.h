@@ -17,20 +17,20 @@ constexpr int32_t kPipesAhead = 32, kEndsAhead = 16, kNodesAhead = 32;
 
 /** Calls for pipe `p` of a walk up to `top`: its record's lines, and the places of the end nodes of a nearer pipe. */
 [[gnu::always_inline]] inline void prefetchPipes(int32_t p, int32_t top) {
-  if (p + kPipesAhead > top) return;
-  const Pdt& far = model.pdt[p + kPipesAhead];
-  __builtin_prefetch(&far.FROM_NODE);
-  __builtin_prefetch(&far.VTX_MODE);
-  __builtin_prefetch(&far.REC_STATUS);
-  const Pdt& near = model.pdt[p + kEndsAhead];
-  for (int32_t node : {near.FROM_NODE, near.TO_NODE}) {
+  if (top - p < kPipesAhead) return;
+  const Pdt& later = model.pdt[p + kPipesAhead];
+  __builtin_prefetch(&later.FROM_NODE);
+  __builtin_prefetch(&later.VTX_MODE);
+  __builtin_prefetch(&later.REC_STATUS);
+  const Pdt& soon = model.pdt[p + kEndsAhead];
+  for (int32_t node : {soon.FROM_NODE, soon.TO_NODE}) {
     if (hasNodeSlot(node)) __builtin_prefetch(&model.ndt[node].X_COORD);
   }
 }
 
 /** The lines that decide about a node; its members lie near a boundary, so they may be two. */
 [[gnu::always_inline]] inline void prefetchNodes(int32_t n, int32_t top) {
-  if (n + kNodesAhead > top) return;
+  if (top - n < kNodesAhead) return;
   __builtin_prefetch(&model.ndt[n + kNodesAhead].SYM_SIZE);
   __builtin_prefetch(&model.ndt[n + kNodesAhead].HYD_TYPE);
 }
