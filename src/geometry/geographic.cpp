@@ -35,7 +35,7 @@ struct TileWindow {
   double top;     /* tile pixel Y of the top */
 };
 
-TileWindow tileWindow(double x1, double y1, double x2, double y2, int16_t zoom) {
+TileWindow computed(double x1, double y1, double x2, double y2, int16_t zoom) {
   TileWindow w{};
   const double W = x2 - x1;
   w.H = y1 - y2;
@@ -47,6 +47,19 @@ TileWindow tileWindow(double x1, double y1, double x2, double y2, int16_t zoom) 
   w.B = w.H * w.width / W;
   w.top = (PI - std::log(w.tangent)) * w.perRad - 0.5 * w.B;
   return w;
+}
+
+/** The window of the call before is kept: every point of a picture asks for the same one. */
+const TileWindow& tileWindow(double x1, double y1, double x2, double y2, int16_t zoom) {
+  static struct {
+    double x1, y1, x2, y2;
+    int32_t zoom;
+    TileWindow window;
+  } last = {0, 0, 0, 0, INT32_MIN, {}};
+  if (last.zoom != zoom || last.x1 != x1 || last.y1 != y1 || last.x2 != x2 || last.y2 != y2) {
+    last = {x1, y1, x2, y2, zoom, computed(x1, y1, x2, y2, zoom)};
+  }
+  return last.window;
 }
 
 }  // namespace
@@ -70,7 +83,7 @@ double CalcDistLatLon(double degrees, float z) {
 }
 
 double CalcGeoY(double latitude, double winX1, double winY1, double winX2, double winY2, int16_t zoom) {
-  const TileWindow w = tileWindow(winX1, winY1, winX2, winY2, zoom);
+  const TileWindow& w = tileWindow(winX1, winY1, winX2, winY2, zoom);
   if (w.tangent < 0) return kNoY;
   const double A = w.power * 128 / PI;
   const double v = std::log(std::tan(latitude * PI / 180 * 0.5 + kQuarterPi));
@@ -84,7 +97,7 @@ double CalcGeoY_(double latitude) {
 
 int32_t SetGeoYVars(void) {
   DrawState& s = drawState;
-  const TileWindow w = tileWindow(s.X0, s.Y0, s.X1, s.Y1, s.Zoom);
+  const TileWindow& w = tileWindow(s.X0, s.Y0, s.X1, s.Y1, s.Zoom);
   if (w.width == 0 || w.B == 0) return 65535;
   const bool usable = !(w.tangent < 0);
   s.GeoTop = usable ? w.top : 0;
@@ -93,7 +106,7 @@ int32_t SetGeoYVars(void) {
 }
 
 double CalcLatFromPictY(double pictY, double winX1, double winY1, double winX2, double winY2, int16_t zoom) {
-  const TileWindow w = tileWindow(winX1, winY1, winX2, winY2, zoom);
+  const TileWindow& w = tileWindow(winX1, winY1, winX2, winY2, zoom);
   if (w.tangent < 0) return kNoY;
   const double pixel = (PI - std::log(w.tangent)) * w.perRad - 0.5 * w.B + (w.B / w.H) * (winY1 - pictY);
   const double q = PI - pixel * PI * kRadiansPerPixel / w.power;

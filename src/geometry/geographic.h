@@ -10,7 +10,10 @@ constexpr double kEarthRadius = 6371009.0;               /* metres */
 constexpr double kRadiansOfDegree = 0.01745329238474369; /* the single-precision value */
 
 /** Feet in a metre, as the unit table has it. */
-inline double feetPerMetre() { return double{GetUnitFactor("Metres", 0.0f, "LUS")}; }
+inline double feetPerMetre() {
+  static const double factor = double{GetUnitFactor("Metres", 0.0f, "LUS")};
+  return factor;
+}
 
 }  // namespace pn10
 
