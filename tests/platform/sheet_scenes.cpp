@@ -379,45 +379,6 @@ void network(HDC dc) {
 
 }  // namespace
 
-const Probe kProbes[] = {
-    {"pentagram, alternate: the middle is open", 60, 350, 0xFFFFFF},
-    {"pentagram, winding: the middle is filled", 160, 350, 0x00FFFF},
-    {"inside of the ellipse", 265, 345, 0x00FFFF},
-    {"ellipse without a pen", 405, 345, 0x00FFFF},
-    {"pie counter-clockwise: the quarter upper right", 490, 330, 0x00FFFF},
-    {"pie counter-clockwise: nothing lower left", 460, 365, 0xFFFFFF},
-    {"pie clockwise: the quarter lower left", 540, 365, 0x00FFFF},
-    {"pie clockwise: nothing upper right", 572, 328, 0xFFFFFF},
-    {"the elbow's body", 828, 350, 0x00FFFF},
-    {"ring by a path: its band", 880, 345, 0x00FFFF},
-    {"ring by a path: its hole", 905, 345, 0xFFFFFF},
-    {"hatch 6 is solid", 700, 450, 0xD02020},
-    {"hollow rectangle", 930, 440, 0xFFFFFF},
-    {"solid rectangle", 930, 500, 0x208020},
-    {"outside the clip, left", 26, 850, 0xFFFFFF},
-    {"inside the clip, ground", 226, 888, 0xE0E0F0},
-    {"yellow alone", 525, 840, 0xFFFF00},
-    {"yellow and cyan", 570, 845, 0x00FF00},
-    {"cyan alone", 590, 890, 0x00FFFF},
-    {"magenta alone", 655, 840, 0xFF00FF},
-    {"cyan and magenta", 610, 850, 0x0000FF},
-    {"cyan pen on yellow", 830, 850, 0x00FF00},
-    {"picture: first row", 75, 945, 0xFF0000},
-    {"picture: last row", 45, 1005, 0xFFFFFF},
-    {"picture: diagonal", 100, 1005, 0x000000},
-    {"picture mirrored: diagonal", 210, 945, 0x000000},
-    {"picture half outside: not painted", 255, 945, 0xFFFFFF},
-    {"picture half outside: painted", 310, 945, 0xFF0000},
-    {"red and light yellow", 400, 945, 0xFF0000},
-    {"blue and white paper", 370, 985, 0x0000FF},
-    {"white and light yellow keep the ground", 355, 955, 0xFFFF80},
-    {"not red", 505, 945, 0x00FFFF},
-    {"not (white or white)", 790, 1005, 0x000000},
-    {"stretched: second row", 45, 1090, 0x00FF00},
-    {"upside down: lowest row is red", 450, 1135, 0xFF0000},
-};
-const int kProbeCount = static_cast<int>(sizeof kProbes / sizeof kProbes[0]);
-
 void paintSheet(HDC dc) {
   pens(dc);
   caps(dc);

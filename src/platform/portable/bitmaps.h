@@ -57,6 +57,9 @@ void readPixels(const PixelFormat& format, const uint8_t* row, int32_t x, int32_
 /** The reverse; a palette gets its nearest entry. */
 void writePixels(const PixelFormat& format, uint8_t* row, int32_t x, int32_t count, const uint32_t* in);
 
+/** Sets the palette index of one pixel of a row, 1 to 8 bits. */
+void putPaletteIndex(uint8_t* row, int bits, int64_t x, uint32_t index);
+
 /** A new bitmap, blank; null when there is no memory. */
 Bitmap* newBitmap(const PixelFormat& format, int32_t width, int32_t height, bool topDown);
 

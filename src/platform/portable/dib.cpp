@@ -53,13 +53,6 @@ uint32_t paletteIndex(const uint8_t* row, int bits, int64_t x) {
   return uint32_t{row[bit / 8]} >> (8 - bits - bit % 8) & ((1u << bits) - 1);
 }
 
-void putPaletteIndex(uint8_t* row, int bits, int64_t x, uint32_t index) {
-  const int64_t bit = x * bits;
-  const auto shift = static_cast<int>(8 - bits - bit % 8);
-  const uint32_t keep = ~(((1u << bits) - 1) << shift);
-  row[bit / 8] = static_cast<uint8_t>((row[bit / 8] & keep) | index << shift);
-}
-
 uint32_t distance(uint32_t a, uint32_t b) {
   uint32_t sum = 0;
   for (int shift = 0; shift < 24; shift += 8) {
@@ -109,6 +102,13 @@ void readPalette(const BITMAPINFO* info, PixelFormat* format) {
 }
 
 }  // namespace
+
+void putPaletteIndex(uint8_t* row, int bits, int64_t x, uint32_t index) {
+  const int64_t bit = x * bits;
+  const auto shift = static_cast<int>(8 - bits - bit % 8);
+  const uint32_t keep = ~(((1u << bits) - 1) << shift);
+  row[bit / 8] = static_cast<uint8_t>((row[bit / 8] & keep) | index << shift);
+}
 
 PixelFormat trueColor() {
   PixelFormat format;

@@ -137,27 +137,46 @@ bool unseen(const TextRun& run, const RECT& clip) {
          *top - margin > clip.bottom;
 }
 
-void paintGlyphs(const Ink& ink, const TextRun& run) {
+/** Calls `use` with each character of a run and its pen position in whole pixels. */
+template <class Use>
+void forEachPen(const TextRun& run, Use use) {
   FontData& font = *run.font;
   if (std::fabs(run.originX) > kFar || std::fabs(run.originY) > kFar) return;
-  /* Pen positions in 2^20ths of a pixel, rounded half up. */
+  /* Positions in 2^20ths of a pixel, rounded half up. */
   constexpr int kShift = 20;
   constexpr double kOne = 1 << kShift;
-  const auto startX = static_cast<int64_t>((run.originX + 0.5) * kOne),
-             startY = static_cast<int64_t>((run.originY + 0.5) * kOne);
+  const auto startX = static_cast<int64_t>((run.originX + 0.5) * kOne);
+  const auto startY = static_cast<int64_t>((run.originY + 0.5) * kOne);
   const auto stepX = static_cast<int64_t>(font.cosine * kOne), stepY = static_cast<int64_t>(-font.sine * kOne);
   int64_t along = 0;
   for (int32_t i = 0; i < run.count && along < kFarthestAlong; i++) {
-    const auto penX = static_cast<int32_t>((startX + along * stepX) >> kShift);
-    const auto penY = static_cast<int32_t>((startY + along * stepY) >> kShift);
+    use(run.text[i], static_cast<int32_t>((startX + along * stepX) >> kShift),
+        static_cast<int32_t>((startY + along * stepY) >> kShift));
     along += advanceOf(font, run.text[i]);
-    if (font.em > kLargestKeptEm) {
-      paintOutline(ink, font, run.text[i], penX, penY);
-      continue;
-    }
-    const Glyph& glyph = glyphOf(font, run.text[i]);
-    if (glyph.count) paintGlyph(ink, glyph, penX + glyph.left, penY + glyph.top);
   }
+}
+
+/** Asks for the memory of all grey glyphs of a run at once: mixing reads it, row by row, far apart. */
+void fetchAhead(const Ink& ink, const TextRun& run) {
+  forEachPen(run, [&](unsigned char character, int32_t x, int32_t y) {
+    const Glyph& glyph = glyphOf(*run.font, character);
+    const int32_t left = std::clamp(x + glyph.left, ink.clip.left, ink.clip.right - 1);
+    const int32_t bottom = std::min(y + glyph.top + glyph.height, ink.clip.bottom);
+    for (int32_t row = std::max(y + glyph.top, ink.clip.top); row < bottom; row++) {
+      __builtin_prefetch(ink.at(left, row), 1);
+    }
+  });
+}
+
+void paintGlyphs(const Ink& ink, const TextRun& run) {
+  FontData& font = *run.font;
+  const bool kept = font.em <= kLargestKeptEm;
+  if (kept && !font.mono) fetchAhead(ink, run);
+  forEachPen(run, [&](unsigned char character, int32_t x, int32_t y) {
+    if (!kept) return paintOutline(ink, font, character, x, y);
+    const Glyph& glyph = glyphOf(font, character);
+    if (glyph.count) paintGlyph(ink, glyph, x + glyph.left, y + glyph.top);
+  });
 }
 
 }  // namespace

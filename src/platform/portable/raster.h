@@ -26,7 +26,7 @@ struct Canvas {
     const auto inside = [](LONG v, LONG low, LONG high) {
       return static_cast<uint32_t>(v) - static_cast<uint32_t>(low) < static_cast<uint32_t>(high - low);
     };
-    return inside(p.x, clip.left, clip.right) & inside(p.y, clip.top, clip.bottom);
+    return (int{inside(p.x, clip.left, clip.right)} & int{inside(p.y, clip.top, clip.bottom)}) != 0;
   }
   uint32_t* at(int64_t x, int64_t y) const { return pixels + static_cast<ptrdiff_t>(y) * stride + x; }
 };
