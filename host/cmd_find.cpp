@@ -1,0 +1,104 @@
+// pn10 find: a node by its name, a pipe by its id or identifier, or what lies at a point.
+#include <pn10gdi.h>
+
+#include <cstdio>
+#include <cstring>
+
+#include "commands.h"
+#include "extent.h"
+#include "model_files.h"
+#include "output.h"
+#include "records.h"
+
+namespace host {
+
+namespace {
+
+void print(const Args& args, Kind kind, int32_t record, double distance) {
+  const bool node = kind == Kind::Node;
+  const std::string name = utf8(node ? text(kind, record, NDT_NODENAME) : text(kind, record, PDT_LINK_ID));
+  const double id = number(kind, record, node ? NDT_ID : PDT_ID);
+  if (args.has("--json")) {
+    Json json;
+    json.open('{').member("kind", kindName(kind)).member("record", double(record)).member("id", id).member("name", name);
+    if (distance >= 0) json.member("distance", distance);
+    std::printf("%s\n", json.close('}').text().c_str());
+    return;
+  }
+  std::printf("%s %d, id %s, \"%s\"", kindName(kind), record, shortNumber(id).c_str(), name.c_str());
+  if (!node) {
+    std::printf(", from \"%s\" to \"%s\"", utf8(text(kind, record, PDT_FROM_NAME)).c_str(), utf8(text(kind, record, PDT_TO_NAME)).c_str());
+  }
+  if (distance >= 0) std::printf(", distance %s", shortNumber(distance).c_str());
+  std::printf("\n");
+}
+
+int32_t findNode(const std::string& name, bool partial) {
+  std::string upper = ansi(name);
+  StrUpper(upper.data());
+  return FindNodeByName(upper.c_str(), static_cast<int32_t>(upper.size()), 1, partial);
+}
+
+int32_t findPipe(const std::string& word, bool partial) {
+  double id = 0;
+  if (parseNumber(word, &id)) {
+    if (const int32_t pipe = FindPipeByID(static_cast<int32_t>(id))) return pipe;
+  }
+  std::string upper = ansi(word);
+  StrUpper(upper.data());
+  return FindPipeByLinkID(upper.c_str(), 1, partial);
+}
+
+int run(const Args& args) {
+  const int asked = args.has("--node") + args.has("--pipe") + args.has("--at");
+  if (asked != 1) throw UsageError{"one of --node, --pipe and --at is wanted"};
+  openModel(args.positional[0]);
+  const bool partial = args.has("--partial");
+  Kind kind = Kind::Pipe;
+  int32_t record = 0;
+  double away = -1;
+  if (args.has("--node")) {
+    kind = Kind::Node;
+    record = findNode(args.text("--node"), partial);
+  } else if (args.has("--pipe")) {
+    record = findPipe(args.text("--pipe"), partial);
+  } else {
+    const std::vector<double> at = args.numbers("--at", 2);
+    const Extent extent = modelExtent(false);
+    const double radius = args.number("--radius", 0.01 * (extent.width() + extent.height()));
+    // A node wins over the pipes that end at it, within a tenth of the radius.
+    record = FindNodeFuzzy(at[0], at[1], static_cast<float>(radius * 0.1));
+    if (record) {
+      kind = Kind::Node;
+    } else {
+      float distance = static_cast<float>(radius);
+      record = FindPipeXY(at[0], at[1], &distance, 0, 0, 0, 0);
+      away = static_cast<double>(distance);
+    }
+  }
+  if (!record) {
+    closeModel();
+    throw Failure{args.positional[0] + ": nothing found"};
+  }
+  print(args, kind, record, away);
+  closeModel();
+  return 0;
+}
+
+}  // namespace
+
+Command findCommand() {
+  return {"find",
+          "BASE",
+          "A node by name, a pipe by id or identifier, or what lies at a point.",
+          "pn10 find town/town --node \"Main St 12\"",
+          {{"--node", "NAME", "a node, in any case"},
+           {"--pipe", "ID", "a pipe by its id, or by its external identifier"},
+           {"--partial", nullptr, "a part of the name or identifier is enough"},
+           {"--at", "X,Y", "the node or pipe at a point of the map"},
+           {"--radius", "R", "how far from the point, in map units (1 percent of the map)"},
+           {"--json", nullptr, "as JSON"}},
+          run};
+}
+
+}  // namespace host
