@@ -13,7 +13,8 @@ namespace {
 constexpr int kDone = 0, kFailed = 1, kUsage = 2;
 
 const Option* findOption(const Command& command, const std::string& name) {
-  const auto it = std::find_if(command.options.begin(), command.options.end(), [&](const Option& o) { return name == o.name; });
+  const auto it =
+      std::find_if(command.options.begin(), command.options.end(), [&](const Option& o) { return name == o.name; });
   return it == command.options.end() ? nullptr : &*it;
 }
 
@@ -31,10 +32,12 @@ void printHelp(const Command& command) {
 }
 
 void printOverview() {
-  std::printf("pn10 COMMAND ...\n\nA gas network on the command line: make it, look at it, paint it, trace it.\n\nCommands:\n");
+  std::printf(
+      "pn10 COMMAND ...\n\nA gas network on the command line: make it, look at it, paint it, trace it.\n\nCommands:\n");
   for (const Command& c : commands()) std::printf("  %-8s %s\n", c.name, c.summary);
-  std::printf("\n'pn10 COMMAND --help' tells the options of a command and shows an example.\n"
-              "Exit codes: 0 done, 1 failed, 2 wrong words on the command line.\n");
+  std::printf(
+      "\n'pn10 COMMAND --help' tells the options of a command and shows an example.\n"
+      "Exit codes: 0 done, 1 failed, 2 wrong words on the command line.\n");
 }
 
 Args parse(const Command& command, int argc, char** argv) {
@@ -66,7 +69,8 @@ Args parse(const Command& command, int argc, char** argv) {
   }
   const size_t wanted = positionalCount(command);
   if (args.positional.size() != wanted) {
-    throw UsageError{args.positional.size() < wanted ? "too few arguments" : "too many arguments: " + args.positional[wanted]};
+    throw UsageError{args.positional.size() < wanted ? "too few arguments"
+                                                     : "too many arguments: " + args.positional[wanted]};
   }
   return args;
 }
@@ -75,8 +79,8 @@ int runOne(const Command& command, int argc, char** argv) {
   try {
     return command.run(parse(command, argc, argv));
   } catch (const UsageError& e) {
-    std::fprintf(stderr, "pn10 %s: %s\nusage: pn10 %s %s [options]; pn10 %s --help lists them\n", command.name, e.message.c_str(),
-                 command.name, command.arguments, command.name);
+    std::fprintf(stderr, "pn10 %s: %s\nusage: pn10 %s %s [options]; pn10 %s --help lists them\n", command.name,
+                 e.message.c_str(), command.name, command.arguments, command.name);
     return kUsage;
   } catch (const Failure& e) {
     std::fprintf(stderr, "pn10 %s: %s\n", command.name, e.message.c_str());
@@ -105,7 +109,8 @@ std::vector<std::string> Args::all(const std::string& option) const {
 
 double Args::number(const std::string& option, double otherwise) const {
   double value = otherwise;
-  if (has(option) && !parseNumber(text(option), &value)) throw UsageError{option + " wants a number, not '" + text(option) + "'"};
+  if (has(option) && !parseNumber(text(option), &value))
+    throw UsageError{option + " wants a number, not '" + text(option) + "'"};
   return value;
 }
 
@@ -119,7 +124,8 @@ std::vector<double> Args::numbers(const std::string& option, size_t count) const
     values.push_back(value);
     at = comma + 1;
   }
-  if (values.size() != count) throw UsageError{option + " wants " + std::to_string(count) + " numbers, not '" + list + "'"};
+  if (values.size() != count)
+    throw UsageError{option + " wants " + std::to_string(count) + " numbers, not '" + list + "'"};
   return values;
 }
 

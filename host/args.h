@@ -1,4 +1,5 @@
-/** Command lines as tables: each subcommand lists its positional arguments and its options, and the help is made from them. */
+/** Command lines as tables: each subcommand lists its positional arguments and its options, and the help is made from
+ * them. */
 #ifndef PN10_HOST_ARGS_H
 #define PN10_HOST_ARGS_H
 

@@ -54,7 +54,8 @@ int runSet(const Args& args) {
   const double before = number(kind, record, field.number);
   const std::string wordsBefore = text(kind, record, field.number);
   store(kind, record, field.number, ansi(given), value);
-  const bool changed = field.reads == Reads::Text ? text(kind, record, field.number) == ansi(given) || text(kind, record, field.number) != wordsBefore
+  const bool changed = field.reads == Reads::Text ? text(kind, record, field.number) == ansi(given) ||
+                                                        text(kind, record, field.number) != wordsBefore
                                                   : number(kind, record, field.number) != before || before == value;
   if (!changed) {
     closeModel();

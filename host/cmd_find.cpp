@@ -17,17 +17,22 @@ namespace {
 void print(const Args& args, Kind kind, int32_t record, double distance) {
   const bool node = kind == Kind::Node;
   const std::string name = utf8(node ? text(kind, record, NDT_NODENAME) : text(kind, record, PDT_LINK_ID));
-  const double id = number(kind, record, node ? NDT_ID : PDT_ID);
+  const double id = node ? number(kind, record, NDT_ID) : number(kind, record, PDT_ID);
   if (args.has("--json")) {
     Json json;
-    json.open('{').member("kind", kindName(kind)).member("record", double(record)).member("id", id).member("name", name);
+    json.open('{')
+        .member("kind", kindName(kind))
+        .member("record", double(record))
+        .member("id", id)
+        .member("name", name);
     if (distance >= 0) json.member("distance", distance);
     std::printf("%s\n", json.close('}').text().c_str());
     return;
   }
   std::printf("%s %d, id %s, \"%s\"", kindName(kind), record, shortNumber(id).c_str(), name.c_str());
   if (!node) {
-    std::printf(", from \"%s\" to \"%s\"", utf8(text(kind, record, PDT_FROM_NAME)).c_str(), utf8(text(kind, record, PDT_TO_NAME)).c_str());
+    std::printf(", from \"%s\" to \"%s\"", utf8(text(kind, record, PDT_FROM_NAME)).c_str(),
+                utf8(text(kind, record, PDT_TO_NAME)).c_str());
   }
   if (distance >= 0) std::printf(", distance %s", shortNumber(distance).c_str());
   std::printf("\n");

@@ -89,7 +89,10 @@ void printJson(const std::string& base, const ModelInfo& info, const Totals& t, 
   json.open('{').member("model", base).member("title", utf8(info.title));
   for (const Kind kind : kKinds) {
     const auto k = static_cast<size_t>(kind);
-    json.open('{', std::string(kindName(kind)) + "s").member("live", double(t.live[k])).member("deleted", double(t.deleted[k])).close('}');
+    json.open('{', std::string(kindName(kind)) + "s")
+        .member("live", double(t.live[k]))
+        .member("deleted", double(t.deleted[k]))
+        .close('}');
   }
   json.open('{', "elements");
   for (size_t i = 0; i < 6; i++) json.member(kTypes[i], double(t.byType[i].count));
@@ -103,13 +106,17 @@ void printJson(const std::string& base, const ModelInfo& info, const Totals& t, 
   for (double v : {e.minX, e.minY, e.maxX, e.maxY}) json.element(v);
   json.close(']');
   json.open('{', "units").member("length", info.units.length).member("pressure", info.units.pressure);
-  json.member("flow", info.units.flow).member("diameter", info.units.diameter).member("geographic", info.units.geographic).close('}');
+  json.member("flow", info.units.flow)
+      .member("diameter", info.units.diameter)
+      .member("geographic", info.units.geographic)
+      .close('}');
   std::printf("%s\n", json.close('}').text().c_str());
 }
 
 void printSums(const char* title, const std::map<std::string, Sum>& sums) {
   std::printf("%s\n", title);
-  for (const auto& [key, sum] : sums) std::printf("  %-24s %9d pipes %14s ft\n", key.c_str(), sum.count, fixedNumber(sum.length, 0).c_str());
+  for (const auto& [key, sum] : sums)
+    std::printf("  %-24s %9d pipes %14s ft\n", key.c_str(), sum.count, fixedNumber(sum.length, 0).c_str());
 }
 
 void printText(const std::string& base, const ModelInfo& info, const Totals& t, const Extent& e) {
@@ -123,14 +130,16 @@ void printText(const std::string& base, const ModelInfo& info, const Totals& t, 
     if (t.byType[i].count) std::printf("%s %d %s", i ? "," : "", t.byType[i].count, kTypes[i]);
   }
   std::printf("\n  vertices   %9d\n", t.vertices);
-  std::printf("length %s ft (%s miles)\n", fixedNumber(t.pipes.length, 0).c_str(), fixedNumber(t.pipes.length / 5280, 2).c_str());
+  std::printf("length %s ft (%s miles)\n", fixedNumber(t.pipes.length, 0).c_str(),
+              fixedNumber(t.pipes.length / 5280, 2).c_str());
   printSums("by size", t.bySize);
   printSums("by facility", t.byFacility);
-  std::printf("loads: nodes %s cf/h, customers %s cf/h\n", fixedNumber(t.nodeLoad, 0).c_str(), fixedNumber(t.custLoad, 0).c_str());
-  std::printf("extent: %s, %s to %s, %s%s\n", shortNumber(e.minX).c_str(), shortNumber(e.minY).c_str(), shortNumber(e.maxX).c_str(),
-              shortNumber(e.maxY).c_str(), info.units.geographic ? " degrees" : "");
-  std::printf("units: length %s, pressure %s, flow %s, diameter %s\n", info.units.length.c_str(), info.units.pressure.c_str(),
-              info.units.flow.c_str(), info.units.diameter.c_str());
+  std::printf("loads: nodes %s cf/h, customers %s cf/h\n", fixedNumber(t.nodeLoad, 0).c_str(),
+              fixedNumber(t.custLoad, 0).c_str());
+  std::printf("extent: %s, %s to %s, %s%s\n", shortNumber(e.minX).c_str(), shortNumber(e.minY).c_str(),
+              shortNumber(e.maxX).c_str(), shortNumber(e.maxY).c_str(), info.units.geographic ? " degrees" : "");
+  std::printf("units: length %s, pressure %s, flow %s, diameter %s\n", info.units.length.c_str(),
+              info.units.pressure.c_str(), info.units.flow.c_str(), info.units.diameter.c_str());
 }
 
 int run(const Args& args) {

@@ -34,7 +34,8 @@ Extent modelExtent(bool customers) {
     }
   }
   for (int32_t c = 1; customers && c <= recordCount(Kind::Customer); c++) {
-    if (!isDeleted(Kind::Customer, c)) extent.add(number(Kind::Customer, c, CDT_X_COORD), number(Kind::Customer, c, CDT_Y_COORD));
+    if (!isDeleted(Kind::Customer, c))
+      extent.add(number(Kind::Customer, c, CDT_X_COORD), number(Kind::Customer, c, CDT_Y_COORD));
   }
   return extent;
 }

@@ -72,8 +72,10 @@ struct FittingRow {
   double feet, diameter;
   int picture;
 };
-constexpr FittingRow kFittings[] = {
-    {"Elbow 90", 10.1, 4.026, 1000}, {"Tee branch", 20.1, 4.026, 1001}, {"Plug valve", 6.0, 4.026, 1002}, {"Reducer", 3.4, 4.026, 1003}};
+constexpr FittingRow kFittings[] = {{"Elbow 90", 10.1, 4.026, 1000},
+                                    {"Tee branch", 20.1, 4.026, 1001},
+                                    {"Plug valve", 6.0, 4.026, 1002},
+                                    {"Reducer", 3.4, 4.026, 1003}};
 
 std::vector<Record> fittingRows() {
   std::vector<Record> rows;
@@ -97,12 +99,19 @@ struct RegulatorRow {
   const char* name;
   double cg, c1, setPsi;
 };
-constexpr RegulatorRow kRegulators[] = {{"R-2 inch", 1680, 31, 60}, {"R-1 inch", 450, 33, 7}, {"R-4 inch", 6200, 30, 120}};
+constexpr RegulatorRow kRegulators[] = {
+    {"R-2 inch", 1680, 31, 60}, {"R-1 inch", 450, 33, 7}, {"R-4 inch", 6200, 30, 120}};
 
 std::vector<Record> regulatorRows() {
   std::vector<Record> rows;
   for (const RegulatorRow& r : kRegulators) {
-    rows.push_back(Record(430).text(0, 40, r.name).i16(40, 0).f32(116, r.cg).f32(120, r.c1).f32(136, r.setPsi).text(140, 10, "psi"));
+    rows.push_back(Record(430)
+                       .text(0, 40, r.name)
+                       .i16(40, 0)
+                       .f32(116, r.cg)
+                       .f32(120, r.c1)
+                       .f32(136, r.setPsi)
+                       .text(140, 10, "psi"));
   }
   return rows;
 }
@@ -111,7 +120,8 @@ std::vector<Record> valveRows() {
   std::vector<Record> rows;
   for (const double inches : {2.0, 4.0, 6.0, 8.0}) {
     const std::string name = "Valve " + std::to_string(static_cast<int>(inches)) + " inch";
-    rows.push_back(Record(344).text(0, 40, name).f32(42, inches).text(46, 10, "Inches").f32(56, 480 * inches).f32(60, 35));
+    rows.push_back(
+        Record(344).text(0, 40, name).f32(42, inches).text(46, 10, "Inches").f32(56, 480 * inches).f32(60, 35));
   }
   return rows;
 }
@@ -119,7 +129,8 @@ std::vector<Record> valveRows() {
 }  // namespace
 
 const std::vector<NetSize>& nominalSizes() {
-  // Steel: ASME B36.10 schedule 40 up to 6 inches, standard wall above. Polyethylene: ASTM D2513 iron pipe sizes, SDR 11.
+  // Steel: ASME B36.10 schedule 40 up to 6 inches, standard wall above. Polyethylene: ASTM D2513 iron pipe sizes,
+  // SDR 11.
   static const std::vector<NetSize> sizes = {
       {"2\" STL", 0.154, 2.375, 2.067, 0.0018, 0x707070, 2},    {"4\" STL", 0.237, 4.500, 4.026, 0.0018, 0x4060C0, 3},
       {"6\" STL", 0.280, 6.625, 6.065, 0.0018, 0x2838B0, 3},    {"8\" STL", 0.322, 8.625, 7.981, 0.0018, 0x202898, 4},

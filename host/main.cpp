@@ -5,7 +5,7 @@
 namespace host {
 
 const std::vector<Command>& commands() {
-  static const std::vector<Command> all = {sampleCommand(), importCommand(), infoCommand(),  fieldsCommand(),
+  static const std::vector<Command> all = {sampleCommand(), importCommand(), infoCommand(), fieldsCommand(),
                                            setCommand(),    renderCommand(), findCommand(), traceCommand()};
   return all;
 }

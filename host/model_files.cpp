@@ -16,7 +16,15 @@ namespace fs = std::filesystem;
 namespace {
 
 /** Header lines that this host keeps; line 0 says that the file is its own. */
-enum HeaderLine : int16_t { kTitle = 1, kVersion = 2, kLengthUnits = 3, kPressureUnits = 4, kFlowUnits = 5, kDiameterUnits = 6, kGeographic = 7 };
+enum HeaderLine : int16_t {
+  kTitle = 1,
+  kVersion = 2,
+  kLengthUnits = 3,
+  kPressureUnits = 4,
+  kFlowUnits = 5,
+  kDiameterUnits = 6,
+  kGeographic = 7
+};
 constexpr char kMagic[] = "PN10 HEADER 10.1";
 
 struct CodeText {
@@ -57,8 +65,8 @@ std::string headerText(int16_t line) {
 void loadLibraries(const std::string& base) {
   const struct {
     const char* ending;
-    int32_t (PN10_CALL *read)(const char*);
-    int32_t (PN10_CALL *empty)();
+    int32_t(PN10_CALL* read)(const char*);
+    int32_t(PN10_CALL* empty)();
   } libraries[] = {{".plut", ReadPLut, InitPLut}, {".flut", ReadFLut, InitFLut}, {".rlut", ReadRLut, InitRLut},
                    {".vlut", ReadVLut, InitVLut}, {".wlut", ReadWLut, InitWLut}, {".clut", ReadCLut, InitCLut}};
   for (const auto& library : libraries) {

@@ -29,16 +29,16 @@ enum class LinkKind { Pipe = 0, Regulator = 1, Compressor = 2, Valve = 3, Well =
 struct NetLink {
   std::string name;
   LinkKind kind = LinkKind::Pipe;
-  int32_t from = 0, to = 0;  /* indices of nodes, from 0 */
-  std::vector<Point> bends;  /* between from and to */
-  double arcRadius = 0;      /* above 0: an arc of this radius and angle instead of bends */
+  int32_t from = 0, to = 0; /* indices of nodes, from 0 */
+  std::vector<Point> bends; /* between from and to */
+  double arcRadius = 0;     /* above 0: an arc of this radius and angle instead of bends */
   double arcAngle = 0;
   int arcTurn = 1;
-  double length = 0;         /* model units; 0: measured */
-  double setting = 0;        /* set pressure, opening or coefficient of a device */
-  std::string size;          /* key of the library of its kind */
+  double length = 0;  /* model units; 0: measured */
+  double setting = 0; /* set pressure, opening or coefficient of a device */
+  std::string size;   /* key of the library of its kind */
   int16_t facility = 1;
-  double flow = 0;           /* cubic feet per hour, from `from` to `to` */
+  double flow = 0; /* cubic feet per hour, from `from` to `to` */
   bool off = false, deleted = false;
   int flag = 0;
   std::vector<std::string> fittings; /* keys of the fitting library */

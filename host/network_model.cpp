@@ -1,4 +1,5 @@
-// A network becomes the library's tables: records through the grow calls and the numbered fields, as any host adds them.
+// A network becomes the library's tables: records through the grow calls and the numbered fields, as any host adds
+// them.
 #include "network_model.h"
 
 #include <pn10gdi.h>
@@ -50,7 +51,8 @@ void addNodes(const Network& net) {
   }
 }
 
-/** Appends a run of vertices and gives its first and last record; kind 0 belongs to a pipe, 1 to a service line, 8 is an arc. */
+/** Appends a run of vertices and gives its first and last record; kind 0 belongs to a pipe, 1 to a service line, 8 is
+ * an arc. */
 struct Run {
   int32_t first, last;
 };
@@ -110,8 +112,7 @@ void setPipe(int32_t p, const NetLink& link, const NetUnits& units) {
   set(PDT_FACILITY, link.facility);
   set(PDT_TEXT_ANGLE, -1);
   set(PDT_LABEL_ON, 1);
-  set(PDT_COLOR, -2);
-  set(PDT_LINE_WIDTH, 99);
+  set(PDT_COLOR, -1);  // colour, width and type are those of the view
   set(PDT_FLAG_BYTE, link.flag);
   text(PDT_LINK_ID, link.name);
 }
@@ -149,7 +150,8 @@ void addCustomers(const Network& net) {
   std::vector<int32_t> perPipe(net.links.size());
   for (const NetCustomer& customer : net.customers) {
     const int32_t c = GetNextCdtCnt();
-    if (!ReallocCdt(c) || !ReallocCXY(c)) throw Failure{"no memory for " + std::to_string(net.customers.size()) + " customers"};
+    if (!ReallocCdt(c) || !ReallocCXY(c))
+      throw Failure{"no memory for " + std::to_string(net.customers.size()) + " customers"};
     InitCXY(c);
     GetNextCid();
     const auto set = [c](int16_t field, double value) { SetCdtVal(c, field, "", value); };

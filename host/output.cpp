@@ -13,9 +13,10 @@ namespace host {
 namespace {
 
 /** What 0x80 to 0x9F mean in code page 1252; 0 where nothing is assigned. */
-constexpr std::array<uint16_t, 32> kHigh = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-                                            0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-                                            0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+constexpr std::array<uint16_t, 32> kHigh = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                            0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
+                                            0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                            0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
 std::string quotedJson(const std::string& text) {
   std::string out = "\"";
@@ -78,7 +79,8 @@ std::string ansi(const std::string& textUtf8) {
     const auto lead = static_cast<unsigned char>(textUtf8[i]);
     const size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
     unsigned code = length == 1 ? lead : lead & (0xFFu >> (length + 1));
-    for (size_t k = 1; k < length && i + k < textUtf8.size(); k++) code = code << 6 | (static_cast<unsigned char>(textUtf8[i + k]) & 0x3Fu);
+    for (size_t k = 1; k < length && i + k < textUtf8.size(); k++)
+      code = code << 6 | (static_cast<unsigned char>(textUtf8[i + k]) & 0x3Fu);
     i += length;
     char c = code < 0x80 || (code >= 0xA0 && code < 0x100) ? static_cast<char>(code) : '?';
     for (size_t k = 0; k < kHigh.size(); k++) {

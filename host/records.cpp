@@ -13,8 +13,8 @@ namespace {
 struct KindCalls {
   Kind kind;
   const char* name;
-  double (PN10_CALL *get)(int32_t, char*, int16_t);
-  void (PN10_CALL *set)(int32_t, int16_t, const char*, double);
+  double(PN10_CALL* get)(int32_t, char*, int16_t);
+  void(PN10_CALL* set)(int32_t, int16_t, const char*, double);
   int16_t count, status;
 };
 constexpr KindCalls kCalls[] = {{Kind::Node, "node", GetNdtVal, SetNdtVal, NDT_COUNT, NDT_REC_STATUS},
@@ -30,7 +30,8 @@ constexpr FieldName kFields[] = {
 };
 
 std::string lower(std::string word) {
-  std::transform(word.begin(), word.end(), word.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+  std::transform(word.begin(), word.end(), word.begin(),
+                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
   return word;
 }
 
@@ -49,10 +50,12 @@ int32_t recordCount(Kind kind) { return static_cast<int32_t>(number(kind, 0, cal
 
 int32_t parseRecord(Kind kind, const std::string& word) {
   double value = 0;
-  if (!parseNumber(word, &value) || value != static_cast<int32_t>(value)) throw UsageError{"'" + word + "' is no record number"};
+  if (!parseNumber(word, &value) || value != static_cast<int32_t>(value))
+    throw UsageError{"'" + word + "' is no record number"};
   const auto record = static_cast<int32_t>(value);
   if (record < 1 || record > recordCount(kind)) {
-    throw Failure{std::string("there is no ") + kindName(kind) + " " + word + "; the last one is " + std::to_string(recordCount(kind))};
+    throw Failure{std::string("there is no ") + kindName(kind) + " " + word + "; the last one is " +
+                  std::to_string(recordCount(kind))};
   }
   return record;
 }
@@ -61,7 +64,8 @@ bool isDeleted(Kind kind, int32_t record) { return number(kind, record, callsOf(
 
 std::vector<FieldName> fieldsOf(Kind kind) {
   std::vector<FieldName> fields;
-  std::copy_if(std::begin(kFields), std::end(kFields), std::back_inserter(fields), [&](const FieldName& f) { return f.kind == kind; });
+  std::copy_if(std::begin(kFields), std::end(kFields), std::back_inserter(fields),
+               [&](const FieldName& f) { return f.kind == kind; });
   return fields;
 }
 

@@ -1,0 +1,305 @@
+// A map: window, options of the picture, labels with room, and the file.
+#include "map_view.h"
+
+#include <pn10platform.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "extent.h"
+#include "label_room.h"
+#include "output.h"
+#include "records.h"
+
+namespace host {
+
+namespace {
+
+struct Window {
+  double left, bottom, right, top;
+  double width() const { return right - left; }
+  double height() const { return top - bottom; }
+};
+
+/** The plane that is painted: model points as the view maps them. */
+Point planePoint(View view, double x, double y, double z) {
+  if (view == View::Isometric) {
+    Point p;
+    CalcIsoXY(x, y, static_cast<float>(z), &p.x, &p.y);
+    return p;
+  }
+  return {x, y};
+}
+
+Window fullWindow(View view, bool customers) {
+  if (view != View::Isometric) {
+    const Extent e = modelExtent(customers);
+    return {e.minX, e.minY, e.maxX, e.maxY};
+  }
+  Extent e;
+  for (int32_t n = 1; n <= recordCount(Kind::Node); n++) {
+    if (isDeleted(Kind::Node, n)) continue;
+    const Point p = planePoint(view, number(Kind::Node, n, NDT_X_COORD), number(Kind::Node, n, NDT_Y_COORD),
+                               number(Kind::Node, n, NDT_Z_COORD));
+    e.add(p.x, p.y);
+  }
+  return {e.minX, e.minY, e.maxX, e.maxY};
+}
+
+/** Widened to the shape of the picture around its middle, with a margin when it is the full extent. */
+Window fitted(Window w, double aspect, double margin) {
+  const double centreX = (w.left + w.right) / 2, centreY = (w.bottom + w.top) / 2;
+  double width = std::max(w.width(), 1e-9) * (1 + margin), height = std::max(w.height(), 1e-9) * (1 + margin);
+  if (w.width() <= 0 && w.height() <= 0) width = height = 100;
+  if (width / height < aspect) {
+    width = height * aspect;
+  } else {
+    height = width / aspect;
+  }
+  return {centreX - width / 2, centreY - height / 2, centreX + width / 2, centreY + height / 2};
+}
+
+bool endsWith(const std::string& text, const std::string& ending) {
+  return text.size() >= ending.size() && text.compare(text.size() - ending.size(), ending.size(), ending) == 0;
+}
+
+/** A context for the output: an image, or a page of a PDF or SVG file. */
+class Sheet {
+ public:
+  explicit Sheet(const MapOptions& o) : path_(o.output), paper_(!endsWith(o.output, ".png")) {
+    if (!paper_) {
+      width = o.width, height = o.height, dpi = static_cast<int32_t>(o.dpi);
+      dc = PnCreateImageDC(width, height, dpi, o.background);
+      if (dc && o.smooth) PnSetAntialias(dc, 1);
+    } else {
+      dpi = 600;
+      const double widthInches = o.width / 100.0, heightInches = o.height / 100.0;
+      width = static_cast<int32_t>(widthInches * dpi), height = static_cast<int32_t>(heightInches * dpi);
+      dc = endsWith(path_, ".pdf")   ? PnCreatePdfDC(path_.c_str(), widthInches, heightInches, dpi)
+           : endsWith(path_, ".svg") ? PnCreateSvgDC(path_.c_str(), widthInches, heightInches, dpi)
+                                     : nullptr;
+    }
+    if (!dc) throw Failure{path_ + ": no picture of this size and kind can be made there (.png, .pdf, .svg)"};
+  }
+  ~Sheet() {
+    if (dc) PnDeleteDC(dc);
+  }
+  Sheet(const Sheet&) = delete;
+  Sheet& operator=(const Sheet&) = delete;
+
+  void finish() {
+    const bool saved = paper_ || PnSavePng(dc, path_.c_str()) == 1;
+    const bool closed = PnDeleteDC(dc) == 1;
+    dc = nullptr;
+    if (!saved || !closed) throw Failure{path_ + ": can't be written"};
+  }
+  bool paper() const { return paper_; }
+
+  HDC dc = nullptr;
+  int32_t width = 0, height = 0, dpi = 96;
+
+ private:
+  std::string path_;
+  bool paper_;
+};
+
+constexpr int32_t kInk = 0x403830, kNodeInk = 0x5A5048, kPipeInk = 0x6B3A1E, kCustomer = 0x4A7AA8;
+
+ViewOpts viewOptions(const MapOptions& o, double zoom) {
+  ViewOpts v{};
+  const auto scaled = [&](double tenths) { return static_cast<int32_t>(std::lround(tenths * o.symbolScale)); };
+  v.BackColor = o.background;
+  v.LineWidth = std::max(1, static_cast<int32_t>(std::lround(o.lineScale)));
+  v.NodeOn = 1;
+  v.NodeSize = scaled(std::clamp(30 * zoom, 22.0, 60.0));
+  v.NodeColor = kNodeInk;
+  v.NodeSpecialColor = 0x2020C0;
+  v.NodeSymbol = o.nodeSymbol;
+  v.NodeTextColor = kInk;
+  v.PipeColor = 0x806030;
+  v.ElemColor = 0x2030A0;
+  v.PipeColorMode = o.colorBy == ColorBy::Facility ? -3 : -2;
+  v.PipeWidth = o.colorBy == ColorBy::Facility ? 98 : 99;
+  v.PipeLineType = 1;
+  v.PipeTextColor = kPipeInk;
+  v.DevicesOn = o.devices;
+  v.DevicesUnlabelled = 0;
+  v.DeviceSize = scaled(std::clamp(160 * zoom, 110.0, 320.0));
+  v.ArrowsOn = o.arrows && zoom > 0.75;
+  v.ArrowSize = scaled(25);
+  v.ArrowStyle = 1;
+  v.ArrowMinFlow = 1;
+  v.ArrowsAtMidVertex = 1;
+  v.CustOn = o.customers && zoom > 0.3;
+  v.CustSize = scaled(std::clamp(50 * zoom, 26.0, 80.0));
+  v.CustColor = kCustomer;
+  v.CustSymbol = 3;
+  v.CustTextColor = 0x305878;
+  const double limit = 1e30;
+  const auto fill = [&](bool on, int32_t& mask, float& labelLimit, float& font, int32_t& transparent, int32_t& units,
+                        int32_t* slots, size_t count, const std::vector<int16_t>& fields) {
+    mask = on;
+    labelLimit = static_cast<float>(limit);
+    font = static_cast<float>(o.textPoints);
+    transparent = 1;
+    units = o.units;
+    for (size_t i = 0; i < fields.size() && i < count; i++) slots[i] = fields[i];
+  };
+  fill(o.nodeLabels, v.NodeLabelMask, v.NodeLabelLimit, v.NodeFontSize, v.NodeTransparent, v.NodeUnits, v.NodeLabel, 20,
+       o.nodeFields);
+  fill(o.pipeLabels, v.PipeLabelMask, v.PipeLabelLimit, v.PipeFontSize, v.PipeTransparent, v.PipeUnits, v.PipeLabel, 19,
+       o.pipeFields);
+  fill(o.customerLabels, v.CustLabelMask, v.CustLabelLimit, v.CustFontSize, v.CustTransparent, v.CustUnits, v.CustLabel,
+       20, o.customerFields);
+  v.NodeLabelAngle = 450;
+  v.CustLabelAngle = 900;
+  v.NodeLeader = 1;
+  return v;
+}
+
+PlotOpts plotOptions(const MapOptions& o) {
+  PlotOpts p{};
+  p.Mono = o.mono;
+  p.ClipOn = 1;
+  p.ShortPipeSkip = 1;
+  p.PollPercent = 100;
+  p.HiliteColor = 0x0000E0;
+  p.PrintNodeSize = static_cast<int32_t>(28 * o.symbolScale);
+  p.PrintCustSize = static_cast<int32_t>(45 * o.symbolScale);
+  p.PrintLineWidth = std::max(1, static_cast<int32_t>(7 * o.lineScale));
+  p.PrintLabelsOn = 1;
+  const auto points = static_cast<float>(o.textPoints * 10 * 0.75);
+  p.NodePrintFontSize = p.PipePrintFontSize = p.CustPrintFontSize = points;
+  return p;
+}
+
+/** Pixels of the picture, from the plane. */
+struct Mapping {
+  const Window& window;
+  const Sheet& sheet;
+  View view;
+  Point operator()(double x, double y, double z = 0) const {
+    const Point p = planePoint(view, x, y, z);
+    return {(p.x - window.left) / window.width() * sheet.width, (window.top - p.y) / window.height() * sheet.height};
+  }
+};
+
+/** How long a label may become: its longest line in average characters. */
+double labelWidth(Kind kind, int32_t record, const std::vector<int16_t>& fields, double em) {
+  size_t longest = 0;
+  for (const int16_t field : fields) {
+    size_t length = 8;  // a number with its unit
+    for (const FieldName& f : fieldsOf(kind)) {
+      if (f.number == field && f.reads == Reads::Text) length = text(kind, record, field).size();
+    }
+    longest = std::max(longest, length);
+  }
+  return static_cast<double>(longest) * em * 0.55;
+}
+
+struct KindLabels {
+  Kind kind;
+  bool on;
+  const std::vector<int16_t>& fields;
+  int16_t x, y, z, label;
+};
+
+/** Switches the labels of records on and off in memory, so that none stands on another; the model is not saved. */
+void giveRoom(const MapOptions& o, const Mapping& map, const Sheet& sheet) {
+  const double em = o.textPoints * sheet.dpi / 72;
+  LabelRoom room(sheet.width, sheet.height, std::max(4, static_cast<int32_t>(em / 2)));
+  for (int32_t p = 1; p <= recordCount(Kind::Pipe); p++) {
+    if (isDeleted(Kind::Pipe, p)) continue;
+    bool fits = false;
+    if (o.pipeLabels) {
+      const Point a =
+          map(number(Kind::Pipe, p, PDT_FROM_X), number(Kind::Pipe, p, PDT_FROM_Y), number(Kind::Pipe, p, PDT_FROM_Z));
+      const Point b =
+          map(number(Kind::Pipe, p, PDT_TO_X), number(Kind::Pipe, p, PDT_TO_Y), number(Kind::Pipe, p, PDT_TO_Z));
+      const double length = std::hypot(b.x - a.x, b.y - a.y);
+      const double wide = labelWidth(Kind::Pipe, p, o.pipeFields, em),
+                   high = em * 1.2 * static_cast<double>(o.pipeFields.size());
+      if (length > wide * 1.3 && number(Kind::Pipe, p, PDT_VTX_MODE) == 0) {
+        const double dx = (b.x - a.x) / length, dy = (b.y - a.y) / length;
+        const double x = (a.x + b.x) / 2 - dx * wide / 2, y = (a.y + b.y) / 2 - dy * wide / 2;
+        fits = room.fits(x, y, dx, dy, wide, high);
+        if (fits) room.take(x, y, dx, dy, wide, high * 1.5);
+      }
+    }
+    SetPdtVal(p, PDT_LABEL_ON, "", fits);
+  }
+  const KindLabels kinds[] = {
+      {Kind::Node, o.nodeLabels, o.nodeFields, NDT_X_COORD, NDT_Y_COORD, NDT_Z_COORD, NDT_LABEL_ON},
+      {Kind::Customer, o.customerLabels && o.customers, o.customerFields, CDT_X_COORD, CDT_Y_COORD, CDT_Z_COORD,
+       CDT_HOST_SHORT_411}};
+  for (const KindLabels& k : kinds) {
+    for (int32_t r = 1; r <= recordCount(k.kind); r++) {
+      if (isDeleted(k.kind, r)) continue;
+      bool fits = false;
+      if (k.on) {
+        const Point at = map(number(k.kind, r, k.x), number(k.kind, r, k.y), number(k.kind, r, k.z));
+        const double wide = labelWidth(k.kind, r, k.fields, em) + em,
+                     high = em * 1.4 * static_cast<double>(k.fields.size());
+        fits = room.fits(at.x, at.y - em, 1, 0, wide, high);
+        if (fits) room.take(at.x, at.y - em, 1, 0, wide, high);
+      }
+      store(k.kind, r, k.label, "", fits);
+    }
+  }
+}
+
+/** How large the picture shows the network: the length of a typical pipe in units of an inch. */
+double zoomOf(const Mapping& map, const Sheet& sheet) {
+  std::vector<double> lengths;
+  const int32_t pipes = recordCount(Kind::Pipe), step = std::max(1, pipes / 2000);
+  for (int32_t p = 1; p <= pipes; p += step) {
+    if (isDeleted(Kind::Pipe, p)) continue;
+    const Point a = map(number(Kind::Pipe, p, PDT_FROM_X), number(Kind::Pipe, p, PDT_FROM_Y));
+    const Point b = map(number(Kind::Pipe, p, PDT_TO_X), number(Kind::Pipe, p, PDT_TO_Y));
+    lengths.push_back(std::hypot(b.x - a.x, b.y - a.y) / sheet.dpi);
+  }
+  if (lengths.empty()) return 1;
+  std::nth_element(lengths.begin(), lengths.begin() + static_cast<std::ptrdiff_t>(lengths.size() / 2), lengths.end());
+  return lengths[lengths.size() / 2];
+}
+
+void hilite(const MapOptions& o) {
+  // There is no call that hilites a record: a colour of its own marks it, in memory only.
+  for (const int32_t n : o.hiliteNodes) SetNdtVal(n, NDT_COLOR, "", 0x0000E0), SetNdtVal(n, NDT_SYM_SIZE, "", 0);
+  for (const int32_t p : o.hilitePipes) SetPdtVal(p, PDT_COLOR, "", 0x0000E0), SetPdtVal(p, PDT_LINE_WIDTH, "", 5);
+}
+
+}  // namespace
+
+void paintMap(const MapOptions& given) {
+  MapOptions o = given;
+  Sheet sheet(o);
+  const double aspect = static_cast<double>(sheet.width) / sheet.height;
+  const Window window = o.window.empty() ? fitted(fullWindow(o.view, o.customers), aspect, 0.06)
+                                         : fitted({o.window[0], o.window[1], o.window[2], o.window[3]}, aspect, 0);
+  const Mapping map{window, sheet, o.view};
+  const double zoom = zoomOf(map, sheet);
+  // A crowd of labels says nothing: below a quarter inch per pipe there are none.
+  if (zoom < 0.25) o.nodeLabels = o.pipeLabels = o.customerLabels = false;
+  if (zoom < 0.8) o.customerLabels = false;
+  if (o.nodeLabels || o.pipeLabels || o.customerLabels) giveRoom(o, map, sheet);
+  hilite(o);
+
+  const ViewOpts view = viewOptions(o, zoom);
+  const PlotOpts plot = plotOptions(o);
+  UnitOpts units{};
+  std::fill(std::begin(units.Digits), std::end(units.Digits), static_cast<float>(o.decimals));
+  SetDrawVars(sheet.paper() ? 1 : 0, sheet.dc, nullptr, 1, &plot, &view, &units, nullptr, 0, 0,
+              o.view == View::Isometric, o.view == View::Geographic ? 1 : 0, 0, 1);
+  const auto displayHeight = static_cast<float>(sheet.height * 96.0 / sheet.dpi);
+  SetPNGDIScale(window.left, window.top, window.right, window.bottom, sheet.width, sheet.height, 0.5f, displayHeight,
+                window.left, window.top, window.right, window.bottom);
+  // A trace left its colours in the screen records: they must not be worked out anew.
+  int16_t pipes = o.colorBy != ColorBy::Trace, nodes = 1, customers = o.colorBy != ColorBy::Trace;
+  if (o.colorBy == ColorBy::Trace) o.arrows = false;
+  DrawPict(1, recordCount(Kind::Pipe), 1, recordCount(Kind::Node), 1, recordCount(Kind::Customer), 0, 0, 0, 0, 0,
+           &pipes, &nodes, &customers, 0);
+  sheet.finish();
+}
+
+}  // namespace host
