@@ -41,6 +41,8 @@ class NodePass {
         showSymbols_(showNodes > 0),
         sizeZero_(showNodes < 0),
         showLabels_(showLabels),
+        smallest_(5 / drawState.ScaleX),
+        placeFirst_(drawState.DefaultNodeSize * 1.5 >= smallest_),
         sizeFactor_(sizeFactor) {
     tools_.solid(drawState.View->NodeColor);
   }
@@ -49,20 +51,27 @@ class NodePass {
   bool paint(int32_t node) {
     const Ndt& n = model.ndt[node];
     NXY& screen = model.nxy[node];
-    if (!recolour_ && !screen.Drawn) return false;
+    double x, y;
+    if (!recolour_ && (!screen.Drawn || (placeFirst_ && !inView(n, &x, &y)))) return false;
     if (n.REC_STATUS < 0) return false;
     if (recolour_) screen.Color = nodeColor(n);
     if (!screen.Drawn) return false;
     const float size = sizeZero_ ? 0.0f : CalcNodeSize(node);
-    if (!onPaper() && !n.FLAG_TYPE && !drawState.View->SymbolsAllZoom && !(size >= 5 / drawState.ScaleX)) return false;
-    double x, y;
-    MapModelXY(n.X_COORD, n.Y_COORD, n.Z_COORD, &x, &y);
-    if (OutOfView(x, y)) return false;
+    if (!onPaper() && !n.FLAG_TYPE && !drawState.View->SymbolsAllZoom && !(size >= smallest_)) return false;
+    if (!inView(n, &x, &y)) return false;
     paintAt(node, n, screen, size, x, y);
     return true;
   }
 
+  /** Far zoomed in, most nodes fail by their place; far out, by their size. */
+  bool placeFirst() const { return placeFirst_; }
+
  private:
+  static bool inView(const Ndt& n, double* x, double* y) {
+    MapModelXY(n.X_COORD, n.Y_COORD, n.Z_COORD, x, y);
+    return !OutOfView(*x, *y);
+  }
+
   void paintAt(int32_t node, const Ndt& n, NXY& screen, float size, double x, double y) {
     const int32_t color = itemColor(screen.Color, mono_, !clearing_ && screen.HILITE);
     if (clearing_) {
@@ -117,6 +126,8 @@ class NodePass {
 
   SymbolTools tools_;
   bool clearing_, recolour_, mono_, showSymbols_, sizeZero_, showLabels_;
+  double smallest_; /* symbols under five dots are only a cost */
+  bool placeFirst_;
   float sizeFactor_;
 };
 
@@ -149,7 +160,7 @@ int32_t DrawNodes(int32_t first, int32_t last, int16_t clearHilite, int16_t* rec
   const int32_t top = std::min({last, nodeTop(), model.nxySlots - 1});
   bool cancelled = false;
   for (int32_t node = std::max(first, 1); node <= top && !cancelled; node++) {
-    prefetchNodes(node, top);
+    prefetchNodes(node, top, pass.placeFirst());
     const bool painted = pass.paint(node);
     model.nxy[node].Drawn = 0;
     cancelled = painted && polls.drawn();

@@ -54,10 +54,17 @@ struct PipePass {
   int32_t flagWidth;
 
   bool paint(int32_t pipe);
+  bool isFar(const Pdt& p, const PXY& screen, const PipeBody& body) const;
   bool wantsMidVertex(const Pdt& p, bool labelled) const;
   void paintGrips(PXY& screen, const PipeBody& body) const;
   void paintFlag(int32_t pipe, const PipeBody& body) const;
 };
+
+/** True when a plain pipe without vertices lies outside the window and has nothing to show but its body. */
+bool PipePass::isFar(const Pdt& p, const PXY& screen, const PipeBody& body) const {
+  return p.HYD_TYPE == 0 && screen.LAST_VTX == 0 && !showLabels && !clearing && !screen.HILITE &&
+         !(showFlags && p.FLAG_BYTE) && body.endsOutside();
+}
 
 /** Marks the end nodes for the node pass. */
 void markNode(int32_t node) {
@@ -79,6 +86,7 @@ bool PipePass::paint(int32_t pipe) {
   if (screen.LineType == 6) return false;
 
   PipeBody body(pipe, style);
+  if (isFar(p, screen, body)) return false;
   if (clearing) {
     if (screen.HILITE_DRAWN) {
       DrawGrip(0, body.x1, body.y1);

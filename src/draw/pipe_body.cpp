@@ -29,28 +29,31 @@ int16_t fittingCode(const Pdt& p) {
 }
 
 struct Box {
-  double left, bottom, right, top;
-  void add(double x, double y) {
+  Box(double x, double y) : left(x), bottom(y), right(x), top(y) {}
+  Box& with(double x, double y) {
     left = std::min(left, x);
     right = std::max(right, x);
     bottom = std::min(bottom, y);
     top = std::max(top, y);
+    return *this;
+  }
+  Box& wider(double margin) {
+    left -= margin;
+    right += margin;
+    bottom -= margin;
+    top += margin;
+    return *this;
   }
   bool outside() const {
     const DrawState& s = drawState;
     return right < s.ClipX0 || left > s.ClipX1 || top < s.ClipY1 || bottom > s.ClipY0;
   }
+  double left, bottom, right, top;
 };
 
-}  // namespace
+void mapVertex(const Vtx& v, double* x, double* y) { MapModelXY(v.VTX_X, v.VTX_Y, v.VTX_Z, x, y); }
 
-PipeBody::PipeBody(int32_t pipe, const PipeStyle& style)
-    : style_(style), pipe_(pipe), pdt_(model.pdt[pipe]), screen_(model.pxy[pipe]) {
-  const Ndt& from = model.ndt[pdt_.FROM_NODE];
-  const Ndt& to = model.ndt[pdt_.TO_NODE];
-  MapModelXY(from.X_COORD, from.Y_COORD, from.Z_COORD, &x1, &y1);
-  MapModelXY(to.X_COORD, to.Y_COORD, to.Z_COORD, &x2, &y2);
-}
+}  // namespace
 
 bool PipeBody::paint(bool clearing) {
   if (style_.showDevices && pdt_.HYD_TYPE >= 1 && pdt_.HYD_TYPE <= 5) {
@@ -61,18 +64,10 @@ bool PipeBody::paint(bool clearing) {
   return paintStraight();
 }
 
-/** With clipping, true when the ends, widened by a margin, all lie beyond the same side of the window. */
-bool PipeBody::outside(double margin) const {
-  if (!style_.clip || !OutOfView(x1, y1)) return false;
-  Box box{x1, y1, x1, y1};
-  box.add(x2, y2);
-  return Box{box.left - margin, box.bottom - margin, box.right + margin, box.top + margin}.outside();
-}
-
 bool PipeBody::paintDevice() {
   const double size = deviceSize(std::max(1.0, drawState.UnitsPerDisplay));
   const double reach = 1.6 * (size != 0 ? size : std::hypot(x2 - x1, y2 - y1));
-  if (outside(reach)) return false;
+  if (style_.clip && Box(x1, y1).with(x2, y2).wider(reach).outside()) return false;
   const bool fitting = pdt_.HYD_TYPE == 5;
   if (!fitting && isDashed(screen_.LineType)) {
     style_.pen->plain(PS_SOLID, width, color);
@@ -101,7 +96,7 @@ bool PipeBody::paintArc() {
 }
 
 bool PipeBody::paintStraight() {
-  if (outside(0)) return false;
+  if (endsOutside()) return false;
   usePen();
   if (!DrawClipLine(style_.clip, x1, y1, x2, y2)) return false;
   arrow(x1, y1, x2, y2);
@@ -111,13 +106,12 @@ bool PipeBody::paintStraight() {
 bool PipeBody::paintPolyline(bool clearing) {
   const int32_t first = screen_.FIRST_VTX, last = std::min(screen_.LAST_VTX, vtxTop());
   if (first < 1 || first > last) return paintStraight();
-  if (style_.clip && OutOfView(x1, y1)) {
-    Box box{x1, y1, x1, y1};
-    box.add(x2, y2);
+  if (endsOutside()) {
+    Box box = Box(x1, y1).with(x2, y2);
     for (int32_t v = first; v <= last; v++) {
       double x, y;
-      MapModelXY(model.vtx[v].VTX_X, model.vtx[v].VTX_Y, model.vtx[v].VTX_Z, &x, &y);
-      box.add(x, y);
+      mapVertex(model.vtx[v], &x, &y);
+      box.with(x, y);
     }
     if (box.outside()) return false;
   }
@@ -128,7 +122,7 @@ bool PipeBody::paintPolyline(bool clearing) {
   double fromX = x1, fromY = y1;
   for (int32_t v = first; v <= last + 1; v++) {
     double x = x2, y = y2;
-    if (v <= last) MapModelXY(model.vtx[v].VTX_X, model.vtx[v].VTX_Y, model.vtx[v].VTX_Z, &x, &y);
+    if (v <= last) mapVertex(model.vtx[v], &x, &y);
     const bool visible = path.lineTo(x, y);
     if (visible && (!style_.arrowsAtMid || v == midVertex)) arrow(fromX, fromY, x, y);
     if (v <= last) paintVertex(model.vtx[v], x, y, visible, clearing);

@@ -2,6 +2,7 @@
 #ifndef PN10_DRAW_PIPE_BODY_H
 #define PN10_DRAW_PIPE_BODY_H
 
+#include "draw/frame.h"
 #include "draw/gdi_objects.h"
 #include "model/tables.h"
 
@@ -18,13 +19,25 @@ struct PipeStyle {
 
 class PipeBody {
  public:
-  PipeBody(int32_t pipe, const PipeStyle& style);
+  PipeBody(int32_t pipe, const PipeStyle& style)
+      : style_(style), pipe_(pipe), pdt_(model.pdt[pipe]), screen_(model.pxy[pipe]) {
+    const Ndt& from = model.ndt[pdt_.FROM_NODE];
+    const Ndt& to = model.ndt[pdt_.TO_NODE];
+    MapModelXY(from.X_COORD, from.Y_COORD, from.Z_COORD, &x1, &y1);
+    MapModelXY(to.X_COORD, to.Y_COORD, to.Z_COORD, &x2, &y2);
+  }
   void look(int32_t penWidth, int32_t penColor) {
     width = penWidth;
     color = penColor;
   }
   /** Paints line, symbols and arrows; false when all of it lies outside the window. */
   bool paint(bool clearing);
+  /** With clipping, true when both ends lie beyond the same side of the window. */
+  bool endsOutside() const {
+    const DrawState& s = drawState;
+    return style_.clip && ((x1 < s.ClipX0 && x2 < s.ClipX0) || (x1 > s.ClipX1 && x2 > s.ClipX1) ||
+                           (y1 < s.ClipY1 && y2 < s.ClipY1) || (y1 > s.ClipY0 && y2 > s.ClipY0));
+  }
   /** The pipe's own pen. */
   void usePen() const { style_.pen->lineStyle(screen_.LineType, width, color); }
 
@@ -33,7 +46,6 @@ class PipeBody {
   int32_t midVertex = 0; /* of a polyline, when someone needs it */
 
  private:
-  bool outside(double margin) const;
   bool paintDevice();
   bool paintArc();
   bool paintPolyline(bool clearing);

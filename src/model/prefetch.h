@@ -28,11 +28,19 @@ constexpr int32_t kPipesAhead = 32, kEndsAhead = 16, kNodesAhead = 32;
   }
 }
 
-/** The lines that decide about a node; its members lie near a boundary, so they may be two. */
-[[gnu::always_inline]] inline void prefetchNodes(int32_t n, int32_t top) {
+/**
+ * The lines that decide about a node: by its place, or by its size and type, whose members lie near a boundary and
+ * may be two lines.
+ */
+[[gnu::always_inline]] inline void prefetchNodes(int32_t n, int32_t top, bool byPlace) {
   if (top - n < kNodesAhead) return;
-  __builtin_prefetch(&model.ndt[n + kNodesAhead].SYM_SIZE);
-  __builtin_prefetch(&model.ndt[n + kNodesAhead].HYD_TYPE);
+  const Ndt& later = model.ndt[n + kNodesAhead];
+  if (byPlace) {
+    __builtin_prefetch(&later.X_COORD);
+    return;
+  }
+  __builtin_prefetch(&later.SYM_SIZE);
+  __builtin_prefetch(&later.HYD_TYPE);
 }
 
 }  // namespace pn10
