@@ -44,11 +44,18 @@ TEST(Window, counts_updates_and_logs_what_is_asked_of_it) {
 
 TEST(Window, none_is_harmless) {
   MSG message{};
+  HWND gone = PnCreateWindow();
+  EXPECT_TRUE(InvalidateRect(gone, nullptr, 1));
+  EXPECT_FALSE(DeleteObject(gone));
+  PnDestroyWindow(gone);
+  PnDestroyWindow(gone);
+  PnPostMessage(gone, 1, 2, 3);
+  EXPECT_FALSE(PeekMessageA(&message, gone, 0, 0, 1) || UpdateWindow(gone) || InvalidateRect(gone, nullptr, 1));
   PnPostMessage(nullptr, 1, 2, 3);
   EXPECT_FALSE(PeekMessageA(&message, nullptr, 0, 0, 1));
   EXPECT_FALSE(PeekMessageA(nullptr, nullptr, 0, 0, 1));
   EXPECT_FALSE(UpdateWindow(nullptr));
-  EXPECT_FALSE(InvalidateRect(nullptr, nullptr, 1));
+  EXPECT_TRUE(InvalidateRect(nullptr, nullptr, 1)); /* all windows */
   EXPECT_EQ(PnGetWindowUpdates(nullptr), 0);
   PnDestroyWindow(nullptr);
 }

@@ -155,6 +155,7 @@ HGDIOBJ SelectObject(HDC dc, HGDIOBJ handle) {
       updateClip(*context);
       return reinterpret_cast<HGDIOBJ>(uintptr_t{SIMPLEREGION});
     case Kind::Context:
+    case Kind::Window:
       break;
   }
   return nullptr;

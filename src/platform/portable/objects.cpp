@@ -75,6 +75,9 @@ void freeMemory(Object* object) {
     case Kind::Context:
       freeContext(static_cast<Context*>(object));
       break;
+    case Kind::Window:
+      freeWindow(object);
+      break;
   }
 }
 
@@ -177,6 +180,8 @@ std::string describe(const Object* object) {
     }
     case Kind::Context:
       return "memdc";
+    case Kind::Window:
+      break;
   }
   return "none";
 }
@@ -191,7 +196,7 @@ using namespace pn10::portable;
 
 BOOL DeleteObject(HGDIOBJ handle) {
   Object* object = findObject(handle);
-  if (!object || object->kind == Kind::Context) return 0;
+  if (!object || object->kind == Kind::Context || object->kind == Kind::Window) return 0;
   if (object->stock) return 1;
   if (recording() && !object->deleted) logOp("DeleteObject", describe(object));
   if (object->uses > 0) {
@@ -220,7 +225,7 @@ int32_t PnGetObjectCount(void) {
   int32_t alive = 0;
   for (size_t i = 0; i < handleSlotCount; i++) {
     const Object* object = handleSlots[i].object;
-    if (!object || object->stock) continue;
+    if (!object || object->stock || object->kind == Kind::Window) continue;
     if (object->kind != Kind::Context || isMemoryContext(object)) alive++;
   }
   return alive;

@@ -1,5 +1,5 @@
 /**
- * Pens, brushes, fonts, bitmaps, regions and contexts behind their handles.
+ * Pens, brushes, fonts, bitmaps, regions, contexts and windows behind their handles.
  *
  * A handle is a number, not an address: the low bits index a table, the rest is a serial that is never
  * given twice. A null, deleted or invented handle is found out by one comparison and touches no memory.
@@ -16,7 +16,7 @@
 
 namespace pn10::portable {
 
-enum class Kind : uint8_t { Pen, Brush, Font, Bitmap, Region, Context };
+enum class Kind : uint8_t { Pen, Brush, Font, Bitmap, Region, Context, Window };
 
 struct Object {
   Kind kind;
@@ -103,6 +103,7 @@ std::string describe(const Bitmap& bitmap);
 /** Frees a bitmap with what it owns. */
 void freeBitmap(Bitmap* bitmap);
 void freeContext(Context* context);
+void freeWindow(Object* window);
 int getBitmapObject(const Bitmap& bitmap, int size, void* data);
 
 /** A rectangle with its corners in order. */

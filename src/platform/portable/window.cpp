@@ -5,16 +5,18 @@
 
 #include "exports/pn10platform.h"
 #include "platform/portable/log.h"
+#include "platform/portable/objects.h"
 #include "platform/user.h"
-
-struct PnWindow {
-  std::deque<MSG> queue;
-  int32_t updates = 0;
-};
 
 using namespace pn10::portable;
 
 namespace {
+
+struct Window : Object {
+  static constexpr Kind kKind = Kind::Window;
+  std::deque<MSG> queue;
+  int32_t updates = 0;
+};
 
 int32_t shownCursor = 32512;
 void (*showBox)(const char* text, const char* caption) = nullptr;
@@ -25,20 +27,33 @@ int32_t idOf(HCURSOR cursor) { return static_cast<int32_t>(reinterpret_cast<uint
 
 }  // namespace
 
-HWND PnCreateWindow(void) { return new (std::nothrow) PnWindow; }
-void PnDestroyWindow(HWND window) { delete window; }
+void pn10::portable::freeWindow(Object* window) { delete static_cast<Window*>(window); }
 
-void PnPostMessage(HWND window, uint32_t message, uint32_t wparam, uint32_t lparam) {
+HWND PnCreateWindow(void) {
+  Window* window = new (std::nothrow) Window{};
+  if (window) window->kind = Kind::Window;
+  return static_cast<HWND>(enter(window, nullptr));
+}
+
+void PnDestroyWindow(HWND handle) {
+  if (Window* window = find<Window>(handle)) destroy(window);
+}
+
+void PnPostMessage(HWND handle, uint32_t message, uint32_t wparam, uint32_t lparam) {
+  Window* window = find<Window>(handle);
   if (!window) return;
   MSG msg{};
-  msg.hwnd = window;
+  msg.hwnd = handle;
   msg.message = message;
   msg.wParam = wparam;
   msg.lParam = static_cast<LPARAM>(static_cast<int32_t>(lparam));
   window->queue.push_back(msg);
 }
 
-int32_t PnGetWindowUpdates(HWND window) { return window ? window->updates : 0; }
+int32_t PnGetWindowUpdates(HWND handle) {
+  const Window* window = find<Window>(handle);
+  return window ? window->updates : 0;
+}
 int32_t PnGetCursor(void) { return shownCursor; }
 void PnSetMessageBox(void (*show)(const char* text, const char* caption)) { showBox = show; }
 
@@ -64,7 +79,8 @@ int MessageBoxA(HWND, const char* text, const char* caption, UINT) {
   return 1;
 }
 
-BOOL PeekMessageA(MSG* message, HWND window, UINT first, UINT last, UINT remove) {
+BOOL PeekMessageA(MSG* message, HWND handle, UINT first, UINT last, UINT remove) {
+  Window* window = find<Window>(handle);
   if (message && window) {
     auto& queue = window->queue;
     for (auto it = queue.begin(); it != queue.end(); ++it) {
@@ -81,11 +97,12 @@ BOOL PeekMessageA(MSG* message, HWND window, UINT first, UINT last, UINT remove)
 
 BOOL InvalidateRect(HWND window, const RECT*, BOOL erase) {
   logOp("InvalidateRect", erase);
-  return window != nullptr;
+  return !window || find<Window>(window); /* none means all windows */
 }
 
-BOOL UpdateWindow(HWND window) {
+BOOL UpdateWindow(HWND handle) {
   logOp("UpdateWindow");
+  Window* window = find<Window>(handle);
   if (!window) return 0;
   window->updates++;
   return 1;
