@@ -11,7 +11,7 @@ namespace pn10::portable {
 /* How far a curve's control points may lie from its chord before it is halved. A pixel gives the sides that one-pixel
    outlines and fills are made of; wide pens would show the corners and take finer ones. */
 static constexpr double kCoarse = 1, kFine = 0.1;
-static constexpr int32_t kMostHalvings = 16;
+static constexpr int32_t kMostHalvings = 12;
 /* Coordinates are held to what whole-number arithmetic on them can bear. */
 static constexpr double kFar = 4294967296.0;
 /** The nearest whole number, halves up, also where rounding errors leave a half just below itself. */

@@ -19,18 +19,23 @@ constexpr DashStyle kDashStyles[] = {
     {6, {3, 1, 1, 1, 1, 1}, {2, 2, 0, 2, 0, 2}, {9, 3, 3, 3, 3, 3}}}; /* PS_DASHDOTDOT */
 constexpr int64_t kCosmeticUnit = 3; /* entries of a cosmetic user style count three pixels each */
 
-void finish(DashPattern& d) {
-  for (int32_t i = 0; i < d.count; i++) d.total += d.lengths[i];
+/** Gaps that caps many times as long close again make a line without gaps: nothing of them would show. */
+bool gapsShow(const Stroke& stroke) {
+  const DashPattern& d = stroke.dashes;
+  if (stroke.kind != Stroke::kWide || stroke.cap == PS_ENDCAP_FLAT) return true;
+  for (int32_t i = 1; i < d.count; i += 2) {
+    if (d.lengths[i] > stroke.width / 8) return true;
+  }
+  return false;
 }
 
-/** Gaps that caps many times as long close again make a line without gaps: nothing of them would show. */
-void dropHiddenGaps(Stroke& stroke) {
-  DashPattern& d = stroke.dashes;
-  if (stroke.kind != Stroke::kWide || stroke.cap == PS_ENDCAP_FLAT) return;
-  for (int32_t i = 1; i < d.count; i += 2) {
-    if (d.lengths[i] > stroke.width / 8) return;
+/** The lengths of a user style; an odd list exchanges on and off in every second round. */
+void takeUserStyle(DashPattern& d, const PenData& pen) {
+  const int32_t entries = std::clamp(pen.count, 0, 16);
+  d.count = entries % 2 ? 2 * entries : entries;
+  for (int32_t i = 0; i < d.count; i++) {
+    d.lengths[i] = int64_t{pen.lengths[i % entries]} * (pen.geometric ? 1 : kCosmeticUnit);
   }
-  d.count = 0;
 }
 
 }  // namespace
@@ -38,20 +43,16 @@ void dropHiddenGaps(Stroke& stroke) {
 void setDashes(Stroke& stroke, const PenData& pen) {
   DashPattern& d = stroke.dashes;
   if (pen.style == PS_USERSTYLE) {
-    const int32_t entries = std::clamp(pen.count, 0, 16);
-    d.count = entries % 2 ? 2 * entries : entries; /* an odd list exchanges on and off in every second round */
-    for (int32_t i = 0; i < d.count; i++) {
-      d.lengths[i] = int64_t{pen.lengths[i % entries]} * (pen.geometric ? 1 : kCosmeticUnit);
-    }
-    finish(d);
-    return dropHiddenGaps(stroke);
+    takeUserStyle(d, pen);
+  } else {
+    const DashStyle& style = kDashStyles[pen.style - PS_DASH];
+    const bool capped = stroke.kind == Stroke::kWide && stroke.cap != PS_ENDCAP_FLAT;
+    const int8_t* lengths = !pen.geometric ? style.cosmetic : capped ? style.straight : style.geometric;
+    d.count = style.count;
+    for (int32_t i = 0; i < d.count; i++) d.lengths[i] = lengths[i] * (pen.geometric ? stroke.width : 1);
   }
-  const DashStyle& style = kDashStyles[pen.style - PS_DASH];
-  const bool capped = stroke.kind == Stroke::kWide && stroke.cap != PS_ENDCAP_FLAT;
-  const int8_t* lengths = !pen.geometric ? style.cosmetic : capped ? style.straight : style.geometric;
-  d.count = style.count;
-  for (int32_t i = 0; i < d.count; i++) d.lengths[i] = lengths[i] * (pen.geometric ? stroke.width : 1);
-  finish(d);
+  for (int32_t i = 0; i < d.count; i++) d.total += d.lengths[i];
+  if (!gapsShow(stroke)) d.count = 0;
 }
 
 Stroke strokeOf(const PaintState& state) {
