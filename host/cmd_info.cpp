@@ -1,6 +1,7 @@
 // pn10 info: what a model holds.
 #include <pn10gdi.h>
 
+#include <cmath>
 #include <cstdio>
 #include <map>
 
@@ -26,7 +27,7 @@ struct Totals {
   std::map<std::string, Sum> bySize, byFacility;
   Sum byType[6], pipes;
   int32_t vertices = 0, withService = 0;
-  double nodeLoad = 0, custLoad = 0; /* cubic feet per hour */
+  double supply = 0, drawn = 0, custLoad = 0; /* cubic feet per hour; of nodes, and of customers */
 };
 
 std::string facilityName(int16_t number) {
@@ -66,7 +67,10 @@ Totals addUp() {
       }
       t.live[k]++;
       if (kind == Kind::Pipe) addPipe(t, r);
-      if (kind == Kind::Node) t.nodeLoad += number(kind, r, NDT_BASE_LOAD);
+      if (kind == Kind::Node) {
+        const double load = number(kind, r, NDT_BASE_LOAD);
+        (load > 0 ? t.supply : t.drawn) += std::fabs(load);
+      }
       if (kind == Kind::Customer) {
         t.custLoad += number(kind, r, CDT_BASE_LOAD) * number(kind, r, CDT_COUNT);
         t.withService += number(kind, r, CDT_VTX_MODE) == 4;
@@ -101,7 +105,7 @@ void printJson(const std::string& base, const ModelInfo& info, const Totals& t, 
   json.member("length_ft", t.pipes.length);
   addGroup(json, "by_size", t.bySize);
   addGroup(json, "by_facility", t.byFacility);
-  json.member("node_load_cfh", t.nodeLoad).member("customer_load_cfh", t.custLoad);
+  json.member("node_supply_cfh", t.supply).member("node_demand_cfh", t.drawn).member("customer_load_cfh", t.custLoad);
   json.open('[', "extent");
   for (double v : {e.minX, e.minY, e.maxX, e.maxY}) json.element(v);
   json.close(']');
@@ -134,8 +138,8 @@ void printText(const std::string& base, const ModelInfo& info, const Totals& t, 
               fixedNumber(t.pipes.length / 5280, 2).c_str());
   printSums("by size", t.bySize);
   printSums("by facility", t.byFacility);
-  std::printf("loads: nodes %s cf/h, customers %s cf/h\n", fixedNumber(t.nodeLoad, 0).c_str(),
-              fixedNumber(t.custLoad, 0).c_str());
+  std::printf("loads: supplies %s cf/h, demands %s cf/h, customers %s cf/h\n", fixedNumber(t.supply, 0).c_str(),
+              fixedNumber(t.drawn, 0).c_str(), fixedNumber(t.custLoad, 0).c_str());
   std::printf("extent: %s, %s to %s, %s%s\n", shortNumber(e.minX).c_str(), shortNumber(e.minY).c_str(),
               shortNumber(e.maxX).c_str(), shortNumber(e.maxY).c_str(), info.units.geographic ? " degrees" : "");
   std::printf("units: length %s, pressure %s, flow %s, diameter %s\n", info.units.length.c_str(),

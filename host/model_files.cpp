@@ -5,6 +5,8 @@
 
 #include <cstring>
 #include <filesystem>
+#include <fstream>
+#include <sstream>
 
 #include "library_files.h"
 #include "network_model.h"
@@ -23,7 +25,8 @@ enum HeaderLine : int16_t {
   kPressureUnits = 4,
   kFlowUnits = 5,
   kDiameterUnits = 6,
-  kGeographic = 7
+  kGeographic = 7,
+  kDigits = 8
 };
 constexpr char kMagic[] = "PN10 HEADER 10.1";
 
@@ -80,6 +83,23 @@ void loadLibraries(const std::string& base) {
   }
 }
 
+/** The digit table in one line, entries apart by a space. */
+std::string digitsText(const ModelInfo& info) {
+  std::string text;
+  for (const float d : info.digits) text += (text.empty() ? "" : " ") + std::to_string(static_cast<int>(d));
+  return text;
+}
+
+void readDigits(const std::string& text, ModelInfo& info) {
+  std::istringstream words(text);
+  std::string word;
+  double value = 0;
+  for (float& d : info.digits) {
+    if (!(words >> word) || !parseNumber(word, &value)) return;
+    d = static_cast<float>(value);
+  }
+}
+
 ModelInfo readHeader(const std::string& base) {
   ModelInfo info;
   const std::string path = base + ".hdr";
@@ -94,6 +114,7 @@ ModelInfo readHeader(const std::string& base) {
   take(info.units.flow, kFlowUnits);
   take(info.units.diameter, kDiameterUnits);
   info.units.geographic = headerText(kGeographic) == "1";
+  readDigits(headerText(kDigits), info);
   return info;
 }
 
@@ -109,22 +130,78 @@ void writeHeader(const std::string& base, const ModelInfo& info) {
   SetHdrVal(kFlowUnits, info.units.flow.c_str());
   SetHdrVal(kDiameterUnits, info.units.diameter.c_str());
   SetHdrVal(kGeographic, info.units.geographic ? "1" : "0");
+  SetHdrVal(kDigits, digitsText(info).c_str());
   check("HdrIo", HdrIo(path.c_str(), kMagic, 0), path);
 }
 
-void makeFacilities(const std::vector<NetFacility>& facilities) {
-  DefaultFac();
+/** Writes the facility file; the rows of the library's own are added to it by the next load. */
+void writeFacilities(const std::string& path, const std::vector<NetFacility>& facilities) {
+  if (ReallocFac(static_cast<int32_t>(facilities.size())) < 0) throw Failure{"not enough memory for facilities"};
+  int32_t row = 0;
   for (const NetFacility& f : facilities) {
-    const int32_t row = GetNextFacCnt();
-    if (ReallocFac(row) < 0) throw Failure{"no memory for facilities"};
+    row++;
     SetFacVal(row, FAC_NAME, f.name.c_str(), 0);
-    SetFacVal(row, FAC_IDX, "", GetNextFacId());
+    SetFacVal(row, FAC_IDX, "", row);
     for (const int16_t on : {FAC_DISPLAY, FAC_AUX, FAC_REPORT, FAC_ACTIVE}) SetFacVal(row, on, "", 1);
     SetFacVal(row, FAC_COLOR, "", f.color);
     SetFacVal(row, FAC_LINE_TYPE, "", 0);
     SetFacVal(row, FAC_LINE_WIDTH, "", f.lineWidth);
     SetFacVal(row, FAC_EQUATION, "", -1);
     SetFacVal(row, FAC_PRESS_UNITS, "Default", 0);
+  }
+  check("", SaveFac(path.c_str(), "10.1"), path);
+}
+
+/** Where the files keep the mark of a deleted record, a negative 16-bit number. */
+struct DeletedMark {
+  const char* ending;
+  int64_t stride, offset;
+};
+
+/** Marks records of a saved file deleted. A save leaves deleted records out, so this comes behind it. */
+void markDeleted(const std::string& base, const DeletedMark& mark, const std::vector<int32_t>& records) {
+  if (records.empty()) return;
+  std::fstream file(base + mark.ending, std::ios::in | std::ios::out | std::ios::binary);
+  for (const int32_t record : records) {
+    file.seekp((record - 1) * mark.stride + mark.offset);
+    file.write("\xFF\xFF", 2);
+  }
+  file.close();
+  if (!file) throw Failure{base + mark.ending + ": can't be written"};
+}
+
+/**
+ * Deleted records, which files of a model hold until its next save. All records were saved as live ones: pipes and
+ * customers have kept their numbers then, and nodes are numbered as the pipes name them.
+ */
+void markDeleted(const Network& net, const std::string& base) {
+  std::vector<int32_t> nodes, pipes, customers, number(net.nodes.size());
+  int32_t next = 0;
+  for (size_t i = 0; i < net.links.size(); i++) {
+    for (const int32_t end : {net.links[i].from, net.links[i].to}) {
+      const auto n = static_cast<size_t>(end);
+      if (number[n]) continue;
+      number[n] = ++next;
+      if (net.nodes[n].deleted) nodes.push_back(next);
+    }
+    if (net.links[i].deleted) pipes.push_back(static_cast<int32_t>(i) + 1);
+  }
+  for (size_t i = 0; i < net.customers.size(); i++) {
+    if (net.customers[i].deleted) customers.push_back(static_cast<int32_t>(i) + 1);
+  }
+  markDeleted(base, {".ndt", static_cast<int64_t>(GetNdtVal(0, nullptr, NDT_STRIDE)), 198}, nodes);
+  markDeleted(base, {".pdt", static_cast<int64_t>(GetPdtVal(0, nullptr, PDT_STRIDE)), 254}, pipes);
+  markDeleted(base, {".cdt", static_cast<int64_t>(GetCdtVal(0, nullptr, CDT_STRIDE)), 188}, customers);
+}
+
+/** Moves finished files to their places; what stood there before stays as .bak. */
+void moveInto(const fs::path& scratch, const fs::path& folder) {
+  std::error_code error;
+  for (const auto& file : fs::directory_iterator(scratch)) {
+    const fs::path to = folder / file.path().filename();
+    if (fs::exists(to)) fs::rename(to, to.string() + ".bak", error);
+    if (!error) fs::rename(file.path(), to, error);
+    if (error) throw Failure{to.string() + ": " + error.message()};
   }
 }
 
@@ -180,18 +257,15 @@ void saveNetwork(const Network& network, const std::string& base) {
     closeModel();
     writeLibraries(part, network.sizes.empty() ? nominalSizes() : network.sizes);
     loadLibraries(part);
-    makeFacilities(network.facilities);
+    writeFacilities(part + ".fac", network.facilities);
     makeModel(network);
     saveModel(part);
-    writeHeader(part, {network.title, network.units});
-    const std::string facilities = part + ".fac";
-    check("", SaveFac(facilities.c_str(), "10.1"), facilities);
-    for (const auto& file : fs::directory_iterator(scratch)) {
-      const fs::path to = target.parent_path() / file.path().filename();
-      if (fs::exists(to)) fs::rename(to, to.string() + ".bak", error);
-      fs::rename(file.path(), to, error);
-      if (error) throw Failure{to.string() + ": " + error.message()};
-    }
+    markDeleted(network, part);
+    ModelInfo info;
+    info.title = network.title;
+    info.units = network.units;
+    writeHeader(part, info);
+    moveInto(scratch, target.parent_path());
   } catch (...) {
     fs::remove_all(scratch, error);
     throw;

@@ -14,6 +14,12 @@ namespace host {
 struct ModelInfo {
   std::string title;
   NetUnits units;
+  /**
+   * Decimals of labels, the Digits of UnitOpts: 0 diameters, 2 lengths, 3 velocities and efficiencies, 4 flows,
+   * 5 pressure drops, 7 pressures, 8 node loads, 9 elevations, 10 temperatures, 15 coordinates, 25 customer loads,
+   * 26 heating values, 27 viscosities, 28 heat ratios, 29 gravities.
+   */
+  float digits[32] = {3, 0, 0, 1, 0, 2, 0, 1, 0, 1, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 3, 2, 2, 0, 0};
 };
 
 /** Loads libraries, facilities, header and tables of `base`. Throws Failure with the file and the cause. */

@@ -15,9 +15,9 @@ struct Point {
 struct NetNode {
   std::string name;
   double x = 0, y = 0, z = 0;
-  double pressure = -1; /* psi; negative: not given */
+  double pressure = -1; /* pressure units; negative: not given */
   bool source = false;  /* its pressure is known */
-  double load = 0;      /* cubic feet per hour */
+  double load = 0;      /* in flow units: negative is drawn from the network, positive enters it */
   bool valve = false;
   bool off = false, deleted = false;
   int flag = 0;
@@ -38,7 +38,7 @@ struct NetLink {
   double setting = 0; /* set pressure, opening or coefficient of a device */
   std::string size;   /* key of the library of its kind */
   int16_t facility = 1;
-  double flow = 0; /* cubic feet per hour, from `from` to `to` */
+  double flow = 0; /* flow units, from `from` to `to` */
   bool off = false, deleted = false;
   int flag = 0;
   std::vector<std::string> fittings; /* keys of the fitting library */
@@ -49,17 +49,18 @@ struct NetCustomer {
   int32_t link = -1; /* index of the pipe it is tapped to, from 0 */
   Point at, tap;
   std::vector<Point> service; /* bends of the service line */
-  double load = 0;            /* cubic feet per hour */
+  double load = 0;            /* of one unit, flow units, positive */
   int count = 1;
   bool deleted = false;
 };
 
-/** A pipe size; inches. */
+/** A pipe size; inches, or millimetres for a metric one. */
 struct NetSize {
   std::string name;
   double wall = 0, outside = 0, inside = 0, roughness = 0.0018;
   int32_t color = -1;
   int16_t lineWidth = 1;
+  bool metric = false;
 };
 
 struct NetFacility {
