@@ -9,7 +9,7 @@ namespace host {
 
 namespace {
 
-constexpr double kFewest = 100, kMost = 4000000;
+constexpr double kFewest = 200, kMost = 4000000;
 
 double wholeNumber(const Args& args, const char* option, double otherwise, double low, double high) {
   const double value = args.number(option, otherwise);
@@ -54,8 +54,8 @@ Command sampleCommand() {
           "DIR",
           "Writes a believable gas distribution town, the model DIR/town with its libraries.",
           "pn10 sample town --pipes 2000 --seed 7",
-          {{"--pipes", "N", "records of pipes and devices, 100 to 4000000; 1000 without it"},
-           {"--seed", "S", "another town for another whole number; 1 without it"}},
+          {{"--pipes", "N", "records of pipes and devices, 200 to 4000000 (1000)"},
+           {"--seed", "S", "another town for another whole number (1)"}},
           run};
 }
 

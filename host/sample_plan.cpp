@@ -8,7 +8,7 @@ namespace host {
 
 namespace {
 
-enum Salt : uint64_t { kWidth = 1, kDepth, kWave, kJitterX, kJitterY, kBridge };
+enum Salt : uint64_t { kWidth = 1, kDepth, kWave, kJitterX, kJitterY, kBridge, kWinding, kSwing, kPace, kPhase };
 
 constexpr double kRiverWidth = 260, kTurn = 6.283185307179586;
 
@@ -48,6 +48,13 @@ double along(const std::vector<double>& at, double line) {
   const double low = std::clamp(std::floor(line), 0.0, last);
   const auto i = static_cast<size_t>(low);
   return at[i] + (at[i + 1] - at[i]) * (line - low);
+}
+
+/** How far a line winds to the side at a place along it; `line` is odd for streets and even for avenues. */
+double winding(const Random& random, int64_t line, double along) {
+  if (!random.chance(0.3, kWinding, line)) return 0;
+  return random.between(12, 26, kSwing, line) *
+         std::sin(along / random.between(110, 190, kPace, line) + random.between(0, kTurn, kPhase, line));
 }
 
 }  // namespace
@@ -104,7 +111,11 @@ Point Plan::at(double u, double v) const {
     return (1 - a) * (1 - b) * corner(0, 0) + a * (1 - b) * corner(1, 0) + (1 - a) * b * corner(0, 1) +
            a * b * corner(1, 1);
   };
-  return {500000 + x + waveX + jitter(kJitterX), 200000 + y + waveY + shift + jitter(kJitterY)};
+  // Some streets wind; what lies between two of them follows both.
+  const auto iu = static_cast<int64_t>(fu), iv = static_cast<int64_t>(fv);
+  const double besideX = (1 - a) * winding(random_, 2 * iu, y) + a * winding(random_, 2 * iu + 2, y);
+  const double besideY = (1 - b) * winding(random_, 2 * iv + 1, x) + b * winding(random_, 2 * iv + 3, x);
+  return {500000 + x + waveX + besideX + jitter(kJitterX), 200000 + y + waveY + shift + besideY + jitter(kJitterY)};
 }
 
 double Plan::elevation(const Point& p) const {

@@ -12,6 +12,7 @@ namespace {
 
 enum Salt : uint64_t { kPark = 20, kValve, kReducer, kStub, kArc, kRegulator };
 
+constexpr int kSmallest = 9; /* streets of a grid with two arterials each way */
 constexpr int kNodesPerRegulator = 30;
 constexpr int64_t kPipesPerGate = 15000;
 
@@ -236,18 +237,21 @@ int recordsOf(Use use) {
 int recordsOfLine(size_t gates) { return 4 + 5 * static_cast<int>(gates); }
 
 Streets layOut(int64_t pipes, uint64_t seed, Plan& plan) {
-  constexpr double kShare = 0.90; /* the streets hold this share of the records, side streets the rest */
-  int size = std::max(10, static_cast<int>(std::sqrt(static_cast<double>(pipes) * 0.7)));
-  for (int attempt = 0; attempt < 12; attempt++) {
+  constexpr double kShare = 0.90; /* the streets hold about this share of the records, side streets the rest */
+  const auto wanted = static_cast<double>(pipes);
+  int size = std::max(kSmallest, static_cast<int>(std::sqrt(wanted * 0.7)));
+  for (int attempt = 0; attempt < 4; attempt++) {
+    plan = Plan(size, seed);
+    const auto made = static_cast<double>(Layout(plan, pipes).records());
+    size = std::max(kSmallest, static_cast<int>(size * std::sqrt(kShare * wanted / made)));
+  }
+  // The grid that comes near; when it holds too much, the next smaller ones.
+  for (; size >= kSmallest; size--) {
     plan = Plan(size, seed);
     Layout layout(plan, pipes);
-    const auto made = static_cast<double>(layout.records()), wanted = static_cast<double>(pipes);
-    const bool close = made <= wanted && made > wanted * (kShare - 0.25);
-    if (close && layout.fillUp(pipes)) return layout.take();
-    const int next = static_cast<int>(size * std::sqrt(kShare * wanted / made));
-    size = std::max(10, made > wanted && next >= size ? size - 1 : next);
+    if (layout.fillUp(pipes)) return layout.take();
   }
-  throw Failure{"no town of " + std::to_string(pipes) + " pipes can be laid out; ask for some more"};
+  throw Failure{"no town of " + std::to_string(pipes) + " pipes can be laid out; ask for more"};
 }
 
 }  // namespace host
