@@ -92,6 +92,7 @@ std::vector<Option> mapOptionRows() {
           {"--no-customers", nullptr, "no customers and service lines"},
           {"--no-arrows", nullptr, "no flow arrows"},
           {"--no-devices", nullptr, "no device symbols"},
+          {"--flags", nullptr, "flags of flagged records, a tenth of the picture high"},
           {"--mono", nullptr, "everything black, on paper"},
           {"--exact", nullptr, "pixels as GDI sets them instead of smooth lines"}};
 }
@@ -136,6 +137,7 @@ MapOptions parseMapOptions(const Args& args) {
   o.customers = !args.has("--no-customers");
   o.arrows = !args.has("--no-arrows");
   o.devices = !args.has("--no-devices");
+  o.flags = args.has("--flags");
   o.mono = args.has("--mono");
   o.smooth = !args.has("--exact");
   return o;

@@ -105,7 +105,7 @@ class Sheet {
 
 constexpr int32_t kInk = 0x403830, kNodeInk = 0x5A5048, kPipeInk = 0x6B3A1E, kCustomer = 0x4A7AA8;
 
-ViewOpts viewOptions(const MapOptions& o, double zoom) {
+ViewOpts viewOptions(const MapOptions& o, double zoom, double displayHeight) {
   ViewOpts v{};
   const auto scaled = [&](double tenths) { return static_cast<int32_t>(std::lround(tenths * o.symbolScale)); };
   v.BackColor = o.background;
@@ -126,7 +126,8 @@ ViewOpts viewOptions(const MapOptions& o, double zoom) {
   v.DevicesUnlabelled = 0;
   v.DeviceSize = scaled(std::clamp(160 * zoom, 110.0, 320.0));
   v.ArrowsOn = o.arrows && zoom > 0.75;
-  v.ArrowSize = scaled(25);
+  // An arrow below a hundredth of the picture's height is not drawn; this is just above.
+  v.ArrowSize = static_cast<int32_t>(std::ceil(displayHeight * 0.0105 / 0.3));
   v.ArrowStyle = 1;
   v.ArrowMinFlow = 1;
   v.ArrowsAtMidVertex = 1;
@@ -197,55 +198,99 @@ double labelWidth(Kind kind, int32_t record, const std::vector<int16_t>& fields,
   return static_cast<double>(longest) * em * 0.55;
 }
 
-struct KindLabels {
+/** The pipes themselves take room too: a customer's label must not stand on them. */
+void takePipes(LabelRoom* room, const Mapping& map, double thickness) {
+  for (int32_t p = 1; p <= recordCount(Kind::Pipe); p++) {
+    if (isDeleted(Kind::Pipe, p)) continue;
+    std::vector<Point> path = {
+        map(number(Kind::Pipe, p, PDT_FROM_X), number(Kind::Pipe, p, PDT_FROM_Y), number(Kind::Pipe, p, PDT_FROM_Z))};
+    int32_t first = 0, last = 0;
+    GetPXY(p, &first, &last);
+    for (int32_t v = first; number(Kind::Pipe, p, PDT_VTX_MODE) == 4 && v > 0 && v <= last; v++) {
+      double x = 0, y = 0;
+      float z = 0;
+      GetVTXY(v, &x, &y, &z);
+      path.push_back(map(x, y, static_cast<double>(z)));
+    }
+    path.push_back(
+        map(number(Kind::Pipe, p, PDT_TO_X), number(Kind::Pipe, p, PDT_TO_Y), number(Kind::Pipe, p, PDT_TO_Z)));
+    for (size_t i = 1; i < path.size(); i++) {
+      const double dx = path[i].x - path[i - 1].x, dy = path[i].y - path[i - 1].y, length = std::hypot(dx, dy);
+      if (length > 0) room->take(path[i - 1].x, path[i - 1].y, dx / length, dy / length, length, thickness);
+    }
+  }
+}
+
+bool pipeLabelFits(const MapOptions& o, const Mapping& map, LabelRoom* room, int32_t p, double em) {
+  const Point a =
+      map(number(Kind::Pipe, p, PDT_FROM_X), number(Kind::Pipe, p, PDT_FROM_Y), number(Kind::Pipe, p, PDT_FROM_Z));
+  const Point b =
+      map(number(Kind::Pipe, p, PDT_TO_X), number(Kind::Pipe, p, PDT_TO_Y), number(Kind::Pipe, p, PDT_TO_Z));
+  const double length = std::hypot(b.x - a.x, b.y - a.y);
+  const double wide = labelWidth(Kind::Pipe, p, o.pipeFields, em),
+               high = em * 1.2 * static_cast<double>(o.pipeFields.size());
+  // Along straight pipes only, and with some line left at both ends.
+  if (length <= wide * 1.4 || number(Kind::Pipe, p, PDT_VTX_MODE) != 0) return false;
+  const double dx = (b.x - a.x) / length, dy = (b.y - a.y) / length;
+  const double x = (a.x + b.x) / 2 - dx * wide / 2, y = (a.y + b.y) / 2 - dy * wide / 2;
+  if (!room->fits(x, y, dx, dy, wide, high)) return false;
+  room->take(x, y, dx, dy, wide, high * 1.5);
+  return true;
+}
+
+/** Labels of points, beside their symbol: nodes slanted, so that they keep clear of streets, customers level. */
+struct PointLabels {
   Kind kind;
   bool on;
   const std::vector<int16_t>& fields;
   int16_t x, y, z, label;
+  double dx, dy;
 };
+
+void giveRoomToPoints(const PointLabels& k, const Mapping& map, LabelRoom* room, double em) {
+  for (int32_t r = 1; r <= recordCount(k.kind); r++) {
+    if (isDeleted(k.kind, r)) continue;
+    bool fits = false;
+    if (k.on) {
+      const Point at = map(number(k.kind, r, k.x), number(k.kind, r, k.y), number(k.kind, r, k.z));
+      const double x = at.x + k.dx * em, y = at.y + k.dy * em - (k.dy == 0 ? em * 0.7 : 0);
+      const double wide = labelWidth(k.kind, r, k.fields, em), high = em * 1.2 * static_cast<double>(k.fields.size());
+      fits = room->fits(x, y, k.dx, k.dy, wide, high);
+      if (fits) room->take(x, y, k.dx, k.dy, wide, high);
+    }
+    store(k.kind, r, k.label, "", fits);
+  }
+}
 
 /** Switches the labels of records on and off in memory, so that none stands on another; the model is not saved. */
 void giveRoom(const MapOptions& o, const Mapping& map, const Sheet& sheet) {
-  const double em = o.textPoints * sheet.dpi / 72;
-  LabelRoom room(sheet.width, sheet.height, std::max(4, static_cast<int32_t>(em / 2)));
+  const double em = o.textPoints * sheet.dpi / 72, slant = std::sqrt(0.5);
+  LabelRoom room(sheet.width, sheet.height, std::max(3, static_cast<int32_t>(em / 3)));
   for (int32_t p = 1; p <= recordCount(Kind::Pipe); p++) {
-    if (isDeleted(Kind::Pipe, p)) continue;
-    bool fits = false;
-    if (o.pipeLabels) {
-      const Point a =
-          map(number(Kind::Pipe, p, PDT_FROM_X), number(Kind::Pipe, p, PDT_FROM_Y), number(Kind::Pipe, p, PDT_FROM_Z));
-      const Point b =
-          map(number(Kind::Pipe, p, PDT_TO_X), number(Kind::Pipe, p, PDT_TO_Y), number(Kind::Pipe, p, PDT_TO_Z));
-      const double length = std::hypot(b.x - a.x, b.y - a.y);
-      const double wide = labelWidth(Kind::Pipe, p, o.pipeFields, em),
-                   high = em * 1.2 * static_cast<double>(o.pipeFields.size());
-      if (length > wide * 1.3 && number(Kind::Pipe, p, PDT_VTX_MODE) == 0) {
-        const double dx = (b.x - a.x) / length, dy = (b.y - a.y) / length;
-        const double x = (a.x + b.x) / 2 - dx * wide / 2, y = (a.y + b.y) / 2 - dy * wide / 2;
-        fits = room.fits(x, y, dx, dy, wide, high);
-        if (fits) room.take(x, y, dx, dy, wide, high * 1.5);
-      }
-    }
-    SetPdtVal(p, PDT_LABEL_ON, "", fits);
+    if (!isDeleted(Kind::Pipe, p)) SetPdtVal(p, PDT_LABEL_ON, "", o.pipeLabels && pipeLabelFits(o, map, &room, p, em));
   }
-  const KindLabels kinds[] = {
-      {Kind::Node, o.nodeLabels, o.nodeFields, NDT_X_COORD, NDT_Y_COORD, NDT_Z_COORD, NDT_LABEL_ON},
-      {Kind::Customer, o.customerLabels && o.customers, o.customerFields, CDT_X_COORD, CDT_Y_COORD, CDT_Z_COORD,
-       CDT_HOST_SHORT_411}};
-  for (const KindLabels& k : kinds) {
-    for (int32_t r = 1; r <= recordCount(k.kind); r++) {
-      if (isDeleted(k.kind, r)) continue;
-      bool fits = false;
-      if (k.on) {
-        const Point at = map(number(k.kind, r, k.x), number(k.kind, r, k.y), number(k.kind, r, k.z));
-        const double wide = labelWidth(k.kind, r, k.fields, em) + em,
-                     high = em * 1.4 * static_cast<double>(k.fields.size());
-        fits = room.fits(at.x, at.y - em, 1, 0, wide, high);
-        if (fits) room.take(at.x, at.y - em, 1, 0, wide, high);
-      }
-      store(k.kind, r, k.label, "", fits);
-    }
+  giveRoomToPoints(
+      {Kind::Node, o.nodeLabels, o.nodeFields, NDT_X_COORD, NDT_Y_COORD, NDT_Z_COORD, NDT_LABEL_ON, slant, -slant}, map,
+      &room, em);
+  takePipes(&room, map, em / 4);
+  giveRoomToPoints({Kind::Customer, o.customerLabels && o.customers, o.customerFields, CDT_X_COORD, CDT_Y_COORD,
+                    CDT_Z_COORD, CDT_HOST_SHORT_411, 1, 0},
+                   map, &room, em);
+}
+
+/**
+ * Widths for what the libraries give none: "by lookup" of a device, or of a size without a row, would stand as the code
+ * itself, 99 dots. Flags are a tenth of the picture high by their rule, so they are shown when asked for. In memory
+ * only.
+ */
+void settleRecords(const MapOptions& o) {
+  for (int32_t p = 1; p <= recordCount(Kind::Pipe); p++) {
+    const bool sized = number(Kind::Pipe, p, PDT_HYD_TYPE) == 0 && number(Kind::Pipe, p, PDT_LOOKUP_ROW) > 0;
+    if (number(Kind::Pipe, p, PDT_LINE_WIDTH) == 0 && !sized) SetPdtVal(p, PDT_LINE_WIDTH, "", 2);
+    if (!o.flags) SetPdtVal(p, PDT_FLAG_BYTE, "", 0);
   }
+  for (int32_t n = 1; !o.flags && n <= recordCount(Kind::Node); n++) SetNdtVal(n, NDT_FLAG_TYPE, "", 0);
+  for (int32_t c = 1; !o.flags && c <= recordCount(Kind::Customer); c++) SetCdtVal(c, CDT_FLAG_BYTE, "", 0);
 }
 
 /** How large the picture shows the network: the length of a typical pipe in units of an inch. */
@@ -283,17 +328,18 @@ void paintMap(const MapOptions& given) {
   if (zoom < 0.25) o.nodeLabels = o.pipeLabels = o.customerLabels = false;
   if (zoom < 0.8) o.customerLabels = false;
   if (o.nodeLabels || o.pipeLabels || o.customerLabels) giveRoom(o, map, sheet);
+  settleRecords(o);
   hilite(o);
 
-  const ViewOpts view = viewOptions(o, zoom);
+  const double displayHeight = sheet.height * 96.0 / sheet.dpi;
+  const ViewOpts view = viewOptions(o, zoom, displayHeight);
   const PlotOpts plot = plotOptions(o);
   UnitOpts units{};
   std::fill(std::begin(units.Digits), std::end(units.Digits), static_cast<float>(o.decimals));
   SetDrawVars(sheet.paper() ? 1 : 0, sheet.dc, nullptr, 1, &plot, &view, &units, nullptr, 0, 0,
               o.view == View::Isometric, o.view == View::Geographic ? 1 : 0, 0, 1);
-  const auto displayHeight = static_cast<float>(sheet.height * 96.0 / sheet.dpi);
-  SetPNGDIScale(window.left, window.top, window.right, window.bottom, sheet.width, sheet.height, 0.5f, displayHeight,
-                window.left, window.top, window.right, window.bottom);
+  SetPNGDIScale(window.left, window.top, window.right, window.bottom, sheet.width, sheet.height, 0.5f,
+                static_cast<float>(displayHeight), window.left, window.top, window.right, window.bottom);
   // A trace left its colours in the screen records: they must not be worked out anew.
   int16_t pipes = o.colorBy != ColorBy::Trace, nodes = 1, customers = o.colorBy != ColorBy::Trace;
   if (o.colorBy == ColorBy::Trace) o.arrows = false;

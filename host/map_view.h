@@ -24,7 +24,7 @@ struct MapOptions {
   ColorBy colorBy = ColorBy::Size;
   double lineScale = 1, symbolScale = 1, textPoints = 8;
   int32_t nodeSymbol = 2;
-  bool customers = true, arrows = true, devices = true, mono = false, smooth = true;
+  bool customers = true, arrows = true, devices = true, mono = false, smooth = true, flags = false;
   bool nodeLabels = true, pipeLabels = true, customerLabels = true;
   std::vector<int16_t> nodeFields{301}, pipeFields{7}, customerFields{422};
   bool units = true;
