@@ -29,9 +29,9 @@ int runFields(const Args& args) {
     if (!unit.empty()) json.member("unit", unit);
     json.close('}');
     if (args.has("--json")) continue;
-    const std::string shown = f.reads == Reads::Text     ? "\"" + utf8(words) + "\""
-                              : f.reads == Reads::Number ? shortNumber(value)
-                                                         : shortNumber(value) + "  \"" + utf8(words) + "\"";
+    std::string shown = f.reads == Reads::Text ? "" : shortNumber(value);
+    if (f.reads == Reads::Both) shown += "  ";
+    if (f.reads != Reads::Number) shown.append("\"").append(utf8(words)).append("\"");
     std::printf("  %4d  %-16s %s%s%s\n", f.number, f.name, shown.c_str(), unit.empty() ? "" : "  ", utf8(unit).c_str());
   }
   json.close(']').close('}');
