@@ -37,8 +37,8 @@ class SourcePixels {
 
  private:
   bool reserve(int32_t width, int32_t height) {
-    copy_ = static_cast<uint32_t*>(
-        std::malloc(static_cast<size_t>(width) * static_cast<size_t>(height) * sizeof(uint32_t)));
+    copy_ =
+        static_cast<uint32_t*>(std::calloc(static_cast<size_t>(width) * static_cast<size_t>(height), sizeof(uint32_t)));
     return copy_ != nullptr;
   }
   void copy(const Bitmap& bitmap) {
