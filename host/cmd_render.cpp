@@ -1,6 +1,7 @@
 // pn10 render: the map of a model as a picture or a page.
 #include <pn10gdi.h>
 
+#include <algorithm>
 #include <cstdio>
 
 #include "commands.h"
@@ -63,7 +64,7 @@ int run(const Args& args) {
   MapOptions options = parseMapOptions(args);
   if (options.output.empty()) throw UsageError{"an output file is wanted: -o FILE"};
   const ModelInfo info = openModel(args.positional[0]);
-  if (info.units.geographic && !args.has("--view")) options.view = View::Geographic;
+  takeModelDefaults(args, info, &options);
   hiliteByName(args, &options);
   paintMap(options);
   closeModel();
@@ -86,7 +87,7 @@ std::vector<Option> mapOptionRows() {
           {"--node-labels", "FIELDS", "fields in node labels, by number or name, or none (NODENAME)"},
           {"--pipe-labels", "FIELDS", "fields in pipe labels, or none (SIZE_TYPE)"},
           {"--customer-labels", "FIELDS", "fields in customer labels, or none (LINK_ID)"},
-          {"--decimals", "N", "decimals of numbers in labels (1)"},
+          {"--decimals", "N", "decimals of all numbers in labels (those of the model)"},
           {"--background", "#RRGGBB", "paper colour (#FBFAF5)"},
           {"--hilite", "NAME", "a node or pipe painted in red; may be given again"},
           {"--no-customers", nullptr, "no customers and service lines"},
@@ -95,6 +96,13 @@ std::vector<Option> mapOptionRows() {
           {"--flags", nullptr, "flags of flagged records, a tenth of the picture high"},
           {"--mono", nullptr, "everything black, on paper"},
           {"--exact", nullptr, "pixels as GDI sets them instead of smooth lines"}};
+}
+
+void takeModelDefaults(const Args& args, const ModelInfo& info, MapOptions* options) {
+  if (info.units.geographic && !args.has("--view")) options->view = View::Geographic;
+  std::copy(std::begin(info.digits), std::end(info.digits), std::begin(options->digits));
+  if (args.has("--decimals"))
+    std::fill(std::begin(options->digits), std::end(options->digits), static_cast<float>(args.number("--decimals", 1)));
 }
 
 MapOptions parseMapOptions(const Args& args) {
@@ -124,7 +132,6 @@ MapOptions parseMapOptions(const Args& args) {
   o.symbolScale = args.number("--symbols", 1);
   o.nodeSymbol = static_cast<int32_t>(args.number("--node-symbol", 2));
   o.textPoints = args.number("--text", o.textPoints);
-  o.decimals = static_cast<int>(args.number("--decimals", 1));
   if (args.has("--background")) o.background = parseColor(args.text("--background"));
   const auto labels = [&](const char* option, Kind kind, bool& on, std::vector<int16_t>& fields) {
     if (!args.has(option)) return;

@@ -113,7 +113,7 @@ int run(const Args& args) {
   const TraceType& type = parseType(args.text("--type"));
   MapOptions options = parseMapOptions(args);
   const ModelInfo info = openModel(args.positional[0]);
-  if (info.units.geographic && !args.has("--view")) options.view = View::Geographic;
+  takeModelDefaults(args, info, &options);
 
   int32_t startPipe = 0, startNode = 0;
   const int32_t stopNode = args.has("--stop") ? nodeByName(args.text("--stop")) : 0;
@@ -135,6 +135,8 @@ int run(const Args& args) {
   list(args, count, folder);
   if (!options.output.empty()) {
     options.colorBy = ColorBy::Trace;
+    // The colours are the message: labels of pipes only when they are asked for.
+    if (!args.has("--pipe-labels")) options.pipeLabels = false;
     options.hiliteNodes = {startNode};
     paintMap(options);
   }

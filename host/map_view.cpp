@@ -331,18 +331,23 @@ void paintMap(const MapOptions& given) {
   settleRecords(o);
   hilite(o);
 
+  if (o.colorBy == ColorBy::Trace) o.arrows = false;
   const double displayHeight = sheet.height * 96.0 / sheet.dpi;
   const ViewOpts view = viewOptions(o, zoom, displayHeight);
   const PlotOpts plot = plotOptions(o);
   UnitOpts units{};
-  std::fill(std::begin(units.Digits), std::end(units.Digits), static_cast<float>(o.decimals));
+  std::copy(std::begin(o.digits), std::end(o.digits), std::begin(units.Digits));
   SetDrawVars(sheet.paper() ? 1 : 0, sheet.dc, nullptr, 1, &plot, &view, &units, nullptr, 0, 0,
               o.view == View::Isometric, o.view == View::Geographic ? 1 : 0, 0, 1);
   SetPNGDIScale(window.left, window.top, window.right, window.bottom, sheet.width, sheet.height, 0.5f,
                 static_cast<float>(displayHeight), window.left, window.top, window.right, window.bottom);
-  // A trace left its colours in the screen records: they must not be worked out anew.
+  // A trace left its colours in the screen records: widths and types are worked out, the colours stay.
+  for (int32_t p = 1; o.colorBy == ColorBy::Trace && p <= recordCount(Kind::Pipe); p++) {
+    const int32_t traced = GetColorPXY(p);
+    SetPipeColor(p);
+    SetPdtVal(p, PDT_XY_COLOR, "", traced);
+  }
   int16_t pipes = o.colorBy != ColorBy::Trace, nodes = 1, customers = o.colorBy != ColorBy::Trace;
-  if (o.colorBy == ColorBy::Trace) o.arrows = false;
   DrawPict(1, recordCount(Kind::Pipe), 1, recordCount(Kind::Node), 1, recordCount(Kind::Customer), 0, 0, 0, 0, 0,
            &pipes, &nodes, &customers, 0);
   sheet.finish();

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "args.h"
+#include "model_files.h"
 #include "network.h"
 
 namespace host {
@@ -28,7 +29,7 @@ struct MapOptions {
   bool nodeLabels = true, pipeLabels = true, customerLabels = true;
   std::vector<int16_t> nodeFields{301}, pipeFields{7}, customerFields{422};
   bool units = true;
-  int decimals = 1;
+  float digits[32] = {}; /* decimals of labels, as UnitOpts holds them */
   int32_t background = 0xF5FAFB;
   std::vector<int32_t> hiliteNodes, hilitePipes;
 };
@@ -36,6 +37,8 @@ struct MapOptions {
 /** The options that `render` and the pictures of `trace` share. */
 std::vector<Option> mapOptionRows();
 MapOptions parseMapOptions(const Args& args);
+/** What the model says of itself where the command line is silent: its view, its decimals. */
+void takeModelDefaults(const Args& args, const ModelInfo& info, MapOptions* options);
 
 /** Paints the open model and writes the file; throws Failure with file and cause. */
 void paintMap(const MapOptions& options);

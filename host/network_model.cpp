@@ -89,15 +89,17 @@ void addNodes(const Network& net, const Factors& factors) {
 struct Run {
   int32_t first = 0, last = 0;
 };
-Run addRun(int32_t owner, int16_t kind, const std::vector<Point>& points) {
+Run addRun(int32_t owner, int16_t kind, const std::vector<Point>& points, double fromZ, double toZ) {
   Run run;
+  double fraction = 0;
   for (const Point& p : points) {
+    fraction += 1.0 / static_cast<double>(points.size() + 1);
     const int32_t v = GetNextVtxCnt();
     SetVtxVal(v, VTX_OWNER_ID, owner);
     SetVtxVal(v, VTX_KIND_NO, kind);
     SetVtxVal(v, VTX_X_COORD, p.x);
     SetVtxVal(v, VTX_Y_COORD, p.y);
-    SetVtxVal(v, VTX_Z_COORD, 0);
+    SetVtxVal(v, VTX_Z_COORD, fromZ + (toZ - fromZ) * fraction);
     if (!run.first) run.first = v;
     run.last = v;
   }
@@ -154,13 +156,13 @@ void setPipe(int32_t p, const NetLink& link, const NetUnits& units, const Factor
   text(PDT_LINK_ID, link.name);
 }
 
-void setPath(int32_t p, const NetLink& link) {
+void setPath(int32_t p, const NetLink& link, double fromZ, double toZ) {
   if (link.arcRadius > 0) {
-    const Run run = addRun(p, 8, {{link.arcRadius, link.arcAngle}});
+    const Run run = addRun(p, 8, {{link.arcRadius, link.arcAngle}}, fromZ, toZ);
     SetPdtVal(p, PDT_VTX_MODE, "", link.arcTurn);
     UpdatePXY(p, run.first, run.last, 0);
   } else if (!link.bends.empty()) {
-    const Run run = addRun(p, 0, link.bends);
+    const Run run = addRun(p, 0, link.bends, fromZ, toZ);
     SetPdtVal(p, PDT_VTX_MODE, "", 4);
     UpdatePXY(p, run.first, run.last, 0);
   }
@@ -187,7 +189,7 @@ void addPipes(const Network& net, const Factors& factors) {
     GetNextPid();
     InitPXY(p);
     setPipe(p, link, net.units, factors);
-    setPath(p, link);
+    setPath(p, link, net.nodes[static_cast<size_t>(link.from)].z, net.nodes[static_cast<size_t>(link.to)].z);
     SetPdtVal(p, PDT_LENGTH, "", lengthOf(p, link, net.units.geographic, factors.length));
     SetPdtVal(p, PDT_DP, "", pressureDrop(net, link));
     addFittings(p, link, nextFitting);
@@ -215,6 +217,10 @@ void setCustomer(int32_t c, const NetCustomer& customer, const NetUnits& units, 
   text(CDT_LINK_ID, customer.name);
 }
 
+double levelOf(const Network& net, const NetLink& link) {
+  return (net.nodes[static_cast<size_t>(link.from)].z + net.nodes[static_cast<size_t>(link.to)].z) / 2;
+}
+
 void addCustomers(const Network& net, const Factors& factors) {
   std::vector<int32_t> perPipe(net.links.size());
   for (const NetCustomer& customer : net.customers) {
@@ -222,8 +228,11 @@ void addCustomers(const Network& net, const Factors& factors) {
     GetNextCid();
     InitCXY(c);
     setCustomer(c, customer, net.units, factors);
+    // A meter stands at the level of the street that it is tapped to.
+    const double z = customer.link < 0 ? 0 : levelOf(net, net.links[static_cast<size_t>(customer.link)]);
+    SetCdtVal(c, CDT_Z_COORD, "", z);
     if (!customer.service.empty()) {
-      const Run run = addRun(c, 1, customer.service);
+      const Run run = addRun(c, 1, customer.service, z, z);
       SetCdtVal(c, CDT_VTX_MODE, "", 4);
       UpdateCXY(c, run.first, run.last, 0, 1);
     }
