@@ -11,14 +11,8 @@
 
 #include <stdint.h>
 
-#ifdef _WIN32
-#define HQ50_EXPORT __declspec(dllexport)
-#else
-#define HQ50_EXPORT __attribute__((visibility("default")))
-#endif
-#if defined(_WIN32) && !defined(_WIN64)
-#define HQ50_CALL __stdcall
-#else
+/* The build names the calling convention where entries of a library have one of their own. */
+#ifndef HQ50_CALL
 #define HQ50_CALL
 #endif
 
@@ -60,10 +54,10 @@ enum HqRegStatus {
  * @param text       not written
  * @return capacity in cubic feet per hour at the base conditions, 0 when nothing flows
  */
-HQ50_EXPORT float HQ50_CALL CalcReg_(int32_t one, int32_t equationA, int32_t equationB, float c0, float c1, float c2,
-                                     float c3, float c4, float setValue, double flow, double p1Abs, double p2Abs,
-                                     float pAtm, float tRankine, float baseP, float baseT, float sg, float viscosity,
-                                     float shRatio, float zFactor, int32_t* status, char* text);
+float HQ50_CALL CalcReg_(int32_t one, int32_t equationA, int32_t equationB, float c0, float c1, float c2, float c3,
+                         float c4, float setValue, double flow, double p1Abs, double p2Abs, float pAtm, float tRankine,
+                         float baseP, float baseT, float sg, float viscosity, float shRatio, float zFactor,
+                         int32_t* status, char* text);
 
 /**
  * Power of a compressor by the adiabatic head equation.
@@ -86,12 +80,12 @@ HQ50_EXPORT float HQ50_CALL CalcReg_(int32_t one, int32_t equationA, int32_t equ
  * @param coefB       constant of the row's own curve
  * @return horsepower
  */
-HQ50_EXPORT float HQ50_CALL CalcComp_(int32_t zero, int32_t equation, double flow, float p1Abs, float p2Abs,
-                                      float tFrom, float efficiency, float zeroA, float zFactor, float baseP,
-                                      float baseT, float shRatio, float coefA, float zeroB, float coefB);
+float HQ50_CALL CalcComp_(int32_t zero, int32_t equation, double flow, float p1Abs, float p2Abs, float tFrom,
+                          float efficiency, float zeroA, float zFactor, float baseP, float baseT, float shRatio,
+                          float coefA, float zeroB, float coefB);
 
 /** Average pressure along a pipe between two absolute pressures a and b: 2/3 (a + b - ab / (a + b)). */
-HQ50_EXPORT float HQ50_CALL CalcPave(float a, float b);
+float HQ50_CALL CalcPave(float a, float b);
 
 #ifdef __cplusplus
 }

@@ -5,6 +5,7 @@ set -euo pipefail
 build=$1 target=$2 seconds=$3
 cd "$(dirname "$0")"
 ran=0
+[ -w /dev/shm ] && export TMPDIR=/dev/shm # the targets write a file per input
 for source in *.cpp; do
   name=${source%.cpp}
   [ "$target" = all ] || [ "$target" = "$name" ] || continue

@@ -21,7 +21,7 @@ double withinOneTurn(double angle) {
 }
 
 /** The points of one arc on the world plane. */
-struct Arc {
+struct DrawnArc {
   double x, y, radius;
   float elev;
   bool leaning; /* a circle on the ground, seen in the isometric view */
@@ -41,7 +41,7 @@ void DrawArcPoly(float elev, float radius, float startAngle, float endAngle, int
                  int16_t project) {
   const DrawState& s = drawState;
   const double start = withinOneTurn(startAngle), end = withinOneTurn(endAngle);
-  const Arc arc{cx, project && s.MapMode == 2 ? CalcGeoY_(cy) : cy, radius, elev, project && s.MapMode == 1};
+  const DrawnArc arc{cx, project && s.MapMode == 2 ? CalcGeoY_(cy) : cy, radius, elev, project && s.MapMode == 1};
   const WorldPoint first = arc.at(start), last = arc.at(end);
   if (clip && OutOfView(first.x, first.y) && OutOfView(last.x, last.y)) return;
   const double sweep = start <= end ? end - start : (TWO_PI - start) + end;

@@ -78,6 +78,7 @@ double parseDouble(const char* text) {
   if (*p == '-') return 0.0;  // from_chars would take a second sign
   double value = 0.0;
   const auto done = std::from_chars(p, p + std::strlen(p), value);
+  if (done.ec == std::errc::invalid_argument) return 0.0;  // a sign alone is no number
   if (done.ec == std::errc::result_out_of_range) value = outOfRange(p);
   return negative ? -value : value;
 }

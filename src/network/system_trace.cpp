@@ -125,7 +125,7 @@ void SystemTrace::trace(int32_t pipe, bool anyColor) {
 
 void SystemTrace::cross(const TraceEdge& edge, bool anyColor) {
   trace(edge.pipe, anyColor);
-  queue(edge.far);
+  queue(edge.farNode);
 }
 
 void SystemTrace::recordCustomers(int32_t pipe) {
@@ -298,7 +298,7 @@ void SystemTrace::routeBack(int32_t stopNode) {
     if (!main) continue;
     pipeMarked_[static_cast<size_t>(main->pipe)] = 2;
     enlist(main->pipe);
-    queue(main->far);
+    queue(main->farNode);
   }
 }
 

@@ -26,10 +26,10 @@ bool TraceGraph::build() {
   // A row is full where the next one starts; the last slot of starts_ is free for the end of the last row.
   Buffer<uint8_t> entered;
   if (!entered.allocate(starts_.size())) return false;
-  const auto enter = [&](int32_t node, int32_t pipe, int32_t far) {
+  const auto enter = [&](int32_t node, int32_t pipe, int32_t farNode) {
     if (!isNode(node)) return;
     uint8_t& used = entered[static_cast<size_t>(node)];
-    if (used < kMostPipes) edges_[static_cast<size_t>(slot(node) + used++)] = {pipe, far};
+    if (used < kMostPipes) edges_[static_cast<size_t>(slot(node) + used++)] = {pipe, farNode};
   };
   for (int32_t p = 1; p <= pipes; p++) {
     const Pdt& pipe = model.pdt[p];

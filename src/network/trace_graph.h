@@ -9,7 +9,7 @@ namespace pn10 {
 
 /** One pipe at a node, and the node at its far end. */
 struct TraceEdge {
-  int32_t pipe, far;
+  int32_t pipe, farNode;
 };
 
 struct TraceEdges {

@@ -35,13 +35,13 @@ PlanePoint projectOn(PlanePoint a, PlanePoint b, PlanePoint p) {
 }
 
 /** The arc of a pipe as CalcArcGeom tells it. */
-struct Arc {
+struct DrawnArc {
   PlanePoint centre, mid;
   double radius;
   float start, end;
 };
 
-bool arcOf(const Pdt& pipe, const PXY& screen, Arc* arc) {
+bool arcOf(const Pdt& pipe, const PXY& screen, DrawnArc* arc) {
   const Ndt &from = nodeAt(pipe.FROM_NODE), &to = nodeAt(pipe.TO_NODE);
   double angle;
   float midZ;
@@ -50,7 +50,7 @@ bool arcOf(const Pdt& pipe, const PXY& screen, Arc* arc) {
                      &arc->mid.x, &arc->mid.y, &midZ) == 0;
 }
 
-PlanePoint projectOnArc(const Arc& arc, PlanePoint from, PlanePoint to, PlanePoint p) {
+PlanePoint projectOnArc(const DrawnArc& arc, PlanePoint from, PlanePoint to, PlanePoint p) {
   const double b = GetBrg(arc.centre.x, arc.centre.y, p.x, p.y);
   if (arc.start <= arc.end) {
     if (b < arc.start) return to;
@@ -115,7 +115,7 @@ int32_t FindPipeClosePno(double x, double y, float tolerance) {
       }
       nearest.takePiece(at, to, p);
     } else if (pipe.VTX_MODE == 1 || pipe.VTX_MODE == 2) {
-      Arc arc;
+      DrawnArc arc;
       if (!arcOf(pipe, screen, &arc)) break;  // kept: an arc without a circle ends the scan
       nearest.take(projectOnArc(arc, from, to, nearest.point), p);
     }
@@ -146,7 +146,7 @@ int32_t FindPipeCloseMid(double x, double y, float tolerance, double* midX, doub
     return 0;
   }
   if (pipe.VTX_MODE == 1 || pipe.VTX_MODE == 2) {
-    Arc arc;
+    DrawnArc arc;
     if (arcOf(pipe, screen, &arc) && within(arc.mid)) give(arc.mid);
     return 0;
   }

@@ -167,7 +167,7 @@ int32_t FindPipeXY(double x, double y, float* distance, int16_t activeOnly, int1
 
 int32_t FindPipeByLocation(double fromX, double fromY, float fromZ, double toX, double toY, float toZ,
                            const double* vtxXs, const double* vtxYs, int32_t vtxCount, float tolerance) {
-  const auto near = [tolerance](const Ndt& node, double x, double y, float z) {
+  const auto closeTo = [tolerance](const Ndt& node, double x, double y, float z) {
     const double dx = node.X_COORD - x, dy = node.Y_COORD - y, dz = static_cast<double>(node.Z_COORD) - z;
     return std::sqrt(dx * dx + dy * dy + dz * dz) <= tolerance;
   };
@@ -182,7 +182,8 @@ int32_t FindPipeByLocation(double fromX, double fromY, float fromZ, double toX, 
   };
   for (int32_t p = 1, top = pipeTop(); p <= top; p++) {
     const Pdt& pipe = pipeAt(p);
-    if (!near(nodeAt(pipe.FROM_NODE), fromX, fromY, fromZ) || !near(nodeAt(pipe.TO_NODE), toX, toY, toZ)) continue;
+    if (!closeTo(nodeAt(pipe.FROM_NODE), fromX, fromY, fromZ) || !closeTo(nodeAt(pipe.TO_NODE), toX, toY, toZ))
+      continue;
     if (pipe.REC_STATUS < 0) continue;
     if (pipe.VTX_MODE <= 2) return p;
     if (pipe.VTX_MODE == 4 && sameRun(pipeScreenAt(p))) return p;

@@ -99,6 +99,9 @@ TEST(NumberText, parses_as_atof_does) {
                            "--3",
                            "+-3",
                            "-+3",
+                           "-",
+                           "-x",
+                           "-0",
                            "",
                            " ",
                            "abc",
@@ -125,6 +128,7 @@ TEST(NumberText, parses_as_atof_does) {
                            "-inf",
                            "1e2.5"}) {
     EXPECT_EQ(parseDouble(text), std::strtod(text, nullptr)) << text;
+    EXPECT_EQ(std::signbit(parseDouble(text)), std::signbit(std::strtod(text, nullptr))) << text;
   }
   EXPECT_TRUE(std::isnan(parseDouble("nan")));
   EXPECT_EQ(parseDouble(nullptr), 0.0);
