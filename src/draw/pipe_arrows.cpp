@@ -59,7 +59,9 @@ void paintFeatheredArrow(double back, double tipX, double tipY, double segment, 
 }  // namespace
 
 void DrawFlowArrow(int32_t pipe, double flow, double x1, double y1, double x2, double y2, float arrowSize) {
-  if (flow == 0 || std::fabs(flow) < drawState.View->ArrowMinFlow * 0.01) return;
+  // In single precision, as flows are kept: a flow of exactly the least one has its arrow at every number of
+  // hundredths.
+  if (flow == 0 || std::fabs(flow) < toFloat(drawState.View->ArrowMinFlow * 0.01)) return;
   const double dx = std::fabs(x1 - x2), dy = std::fabs(y1 - y2);
   if (dx == 0 && dy == 0) return;
   if (drawState.IsoFlag && dx < settings.tolerance && dy < settings.tolerance) return;

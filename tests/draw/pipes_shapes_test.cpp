@@ -125,6 +125,10 @@ TEST_F(Shapes, a_flow_equal_to_the_minimum_has_its_arrow) {
   EXPECT_NE(arrow(2.5, kX + 20, kY, 3), "");
   EXPECT_NE(arrow(-2.5, kX + 20, kY, 3), "");
   EXPECT_EQ(arrow(2.49, kX + 20, kY, 3), "");
+  for (const int32_t hundredths : {7, 29, 57, 58, 113}) {  // as the flow of a record, in single precision
+    picture.view.ArrowMinFlow = hundredths;
+    EXPECT_NE(arrow(static_cast<float>(hundredths) / 100.0f, kX + 20, kY, 3), "") << hundredths;
+  }
   picture.view.ArrowMinFlow = 0;
   EXPECT_EQ(arrow(0, kX + 20, kY, 3), "");
 }
