@@ -54,7 +54,7 @@ ServiceLine::ServiceLine(int32_t cust) : cdt_(model.cdt[cust]), screen_(model.cx
   }
 }
 
-bool ServiceLine::outside() const {
+bool ServiceLine::outside(double reach) const {
   double left = meterX, right = meterX, bottom = meterY, top = meterY;
   const auto add = [&](double x, double y) {
     left = std::min(left, x);
@@ -69,7 +69,7 @@ bool ServiceLine::outside() const {
     add(x, y);
   }
   const DrawState& s = drawState;
-  return right < s.ClipX0 || left > s.ClipX1 || top < s.ClipY1 || bottom > s.ClipY0;
+  return right < s.ClipX0 - reach || left > s.ClipX1 + reach || top < s.ClipY1 - reach || bottom > s.ClipY0 + reach;
 }
 
 void ServiceLine::grip(int16_t paint) const {

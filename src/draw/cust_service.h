@@ -19,8 +19,8 @@ ServiceStyle serviceStyle(int32_t penWidth);
 class ServiceLine {
  public:
   explicit ServiceLine(int32_t cust);
-  /** True when tap, meter and every vertex lie beyond the same side of the window. */
-  bool outside() const;
+  /** True when tap, meter and every vertex lie beyond the same side of the window, further than `reach`. */
+  bool outside(double reach) const;
   /** Line, vertex marks and change marks, in the pen and brush that are selected. */
   void paint(const ServiceStyle& style, int32_t color, bool clearing) const;
   /** Paints (1) or erases (0) the grips of meter and tap. */

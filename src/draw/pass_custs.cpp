@@ -26,7 +26,7 @@ float paperFactor(int32_t dpi) {
   if (!onPaper()) return 1.0f;
   const double divisor = std::fabs(s.ScaleY) * s.DefaultCustSize;
   if (divisor == 0) return 1.0f;
-  double factor = dpi * s.Plot->PrintCustSize * 0.001 / divisor;
+  double factor = double(dpi) * s.Plot->PrintCustSize * 0.001 / divisor;
   if (s.Plot->Metric) factor *= 0.03937;
   if (s.DevMode == 2) factor *= s.ReducedScale;
   return static_cast<float>(factor);
@@ -46,8 +46,17 @@ struct CustPass {
   float sizeFactor = 1;
 
   bool paint(int32_t cust);
+  double reach(float size, bool flagged) const;
   void paintFlags(const Cdt& c, const ServiceLine& line, int16_t symbol, int32_t color) const;
 };
+
+/** How far a customer's symbol, marks and flag and the place of its label may stand from its points; rather too far. */
+double CustPass::reach(float size, bool flagged) const {
+  const DrawState& s = drawState;
+  const double symbols = 2.5 * std::max({size, service.markSize, service.deviceSize});
+  const double flag = flagged ? 0.12 * std::max(s.ViewHeight, s.ViewWidth) : 0.0;
+  return symbols + flag + 2 * std::fabs(s.TextHeightC) + service.penWidth / std::fabs(s.ScaleX);
+}
 
 /** True when something of the customer was painted. */
 bool CustPass::paint(int32_t cust) {
@@ -58,12 +67,16 @@ bool CustPass::paint(int32_t cust) {
   // A customer shows only when its pipe was drawn in this picture; one without a pipe always does.
   screen.DRAW = c.PIPE_REC == 0 || (hasPxySlot(c.PIPE_REC) && model.pxy[c.PIPE_REC].DRAWN);
   if (!screen.DRAW) return false;
-  const ServiceLine line(cust);
-  if (line.outside()) return false;
   const int16_t number = c.HOST_SHORT_410 ? c.HOST_SHORT_410 : toInt16(drawState.View->CustSymbol);
   const bool noSymbol = number == 1;
   const float size = sizeZero ? 0.0f : custSize(c);
   if (!noSymbol && !c.FLAG_BYTE && !onPaper() && !(size >= 5 / drawState.ScaleX)) return false;
+  const bool labelled = showLabels && c.HOST_SHORT_411;
+  const ServiceLine line(cust);
+  if (!clearing && !screen.HILITE && !(labelled && hasStoredAnchor(c)) &&
+      line.outside(reach(size * sizeFactor, c.FLAG_BYTE != 0))) {
+    return false;
+  }
 
   const int32_t color = itemColor(screen.Color, mono, !clearing && screen.HILITE);
   if (clearing) {
@@ -81,7 +94,7 @@ bool CustPass::paint(int32_t cust) {
     }
   }
   paintFlags(c, line, symbol, color);
-  if (showLabels && c.HOST_SHORT_411) DrawCustLabel(cust, size, clearing);
+  if (labelled) DrawCustLabel(cust, size, clearing);
   if (numberSegments && line.hasTap && c.VTX_MODE == 4) {
     DrawSegmentNumbers(screen.FIRST_VTX, screen.LAST_VTX, line.tapX, line.tapY, line.meterX, line.meterY, 1, 0);
   }

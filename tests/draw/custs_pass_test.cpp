@@ -305,6 +305,43 @@ TEST_F(CustPass, customers_wholly_outside_the_window_cost_no_operation) {
   EXPECT_EQ(ops({"LineTo"}), "LineTo 1200 500\n");
 }
 
+TEST_F(CustPass, what_reaches_into_the_window_shows_though_its_meter_lies_outside) {
+  add(100.3, 50.03);
+  EXPECT_EQ(ops({"Ellipse"}), "Ellipse 998 494 1008 504\n");
+  Cdt& c = model.cdt[1];
+  c.X_COORD = -5, c.Y_COORD = 20;
+  EXPECT_EQ(shapes(), "");
+  c.FLAG_BYTE = 1;
+  c.HOST_SHORT_410 = 1;
+  // A flag of 10: (-5, 20) + (1.04, 6.62), (1.56, 9.88), (6.56, 9.88), (6.04, 6.62).
+  EXPECT_EQ(shapes(), "MoveToEx -50 800\nLineTo -39 733\nPolygon 4 -39 733 -34 701 15 701 10 733\n");
+}
+
+TEST_F(CustPass, a_label_with_a_place_in_the_window_shows_though_its_customer_lies_outside) {
+  Cdt& c = add(120, 50);
+  c.HOST_SHORT_411 = 1;
+  c.TEXT_X = 90, c.TEXT_Y = 50;
+  picture.view.CustLabelMask = 1;
+  picture.view.CustLabel[0] = 421;
+  c.COUNT = 7;
+  EXPECT_EQ(ops({"TextOutA"}), "TextOutA 900 500 \"7\"\n");
+}
+
+TEST_F(CustPass, clearing_reaches_customers_outside_the_window) {
+  add(120, 50);
+  model.cxy[1].HILITE = model.cxy[1].HILITE_DRAWN = 1;
+  picture.clearHilite = 1;
+  picture.paintQuietly();
+  EXPECT_EQ(model.cxy[1].HILITE + model.cxy[1].HILITE_DRAWN, 0);
+}
+
+TEST_F(CustPass, absurd_print_sizes_are_harmless) {
+  add();
+  picture.devMode = 1;
+  picture.plot.PrintCustSize = INT32_MAX;
+  EXPECT_NE(ops({"Ellipse"}), "");
+}
+
 TEST_F(CustPass, every_map_mode_moves_meter_and_tap) {
   Cdt& c = addTapped(60, 20, 50, 20);
   c.Z_COORD = 30;
