@@ -65,7 +65,7 @@ void paintLeader(double fromX, double fromY, double gap, double x, double y, dou
   GetXY(fromX, fromY, GetBrg(fromX, fromY, toX, toY), gap, &startX, &startY);
   {
     const BorrowedObject pen(drawState.DC, drawState.PlainPen);
-    DrawClipLine(static_cast<int16_t>(drawState.Plot->ClipOn), startX, startY, toX, toY);
+    DrawClipLine(drawState.Plot->ClipOn != 0, startX, startY, toX, toY);
   }
   SetBkMode(drawState.DC, OPAQUE);
 }

@@ -215,6 +215,15 @@ TEST_F(Labels, a_stored_pipe_label_has_a_leader_from_the_middle_of_the_pipe) {
             "MoveToEx 400 500\nLineTo 600 500\nMoveToEx 500 500\nLineTo 700 394\nTextOutA 700 389 \"1\"\n");
 }
 
+TEST_F(Labels, a_leader_is_cut_at_the_window_whatever_bit_the_clip_switch_has) {
+  Pdt& p = pipe(110, 50, 130, 50);
+  p.TEXT_X = 70.03, p.TEXT_Y = 60.03;
+  view().PipeLeader = 1;
+  picture.plot.ClipOn = 1 << 16;
+  // From (120, 50) to (70.03, 60.53): at x 100 it is 20 / 49.97 * 10.53 = 4.2145 up.
+  EXPECT_EQ(ops({"MoveToEx", "LineTo"}), "MoveToEx 1000 457\nLineTo 700 394\n");
+}
+
 TEST_F(Labels, device_labels_can_be_left_out) {
   pipe().HYD_TYPE = 3;
   EXPECT_NE(texts(), "");
