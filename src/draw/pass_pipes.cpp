@@ -1,6 +1,7 @@
 /** The pipe pass: bodies, devices, flow arrows, vertex marks, flags and labels, and the marking of the end nodes. */
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "draw/label_stack.h"
 #include "draw/labels.h"
@@ -43,6 +44,17 @@ LabelSlots scanLabelSlots() {
     }
   }
   return slots;
+}
+
+/** The window that bodies must reach into: wider by an open arrow, which stands on a line outside too; all without
+ * clip. */
+void reachOfBodies(PipeStyle& style) {
+  const DrawState& s = drawState;
+  const double margin = style.clip ? (style.showArrows ? s.ArrowSize : 0.0) : std::numeric_limits<double>::infinity();
+  style.left = s.ClipX0 - margin;
+  style.right = s.ClipX1 + margin;
+  style.bottom = s.ClipY1 - margin;
+  style.top = s.ClipY0 + margin;
 }
 
 /** Everything of a picture that one pipe needs to know. */
@@ -168,7 +180,12 @@ int32_t DrawPipes(int32_t first, int32_t last, int16_t clearHilite, int16_t* rec
                 symbols && arrows,
                 view.ArrowsAtMidVertex != 0,
                 symbols && view.VtxMarksOn && showNodes > 0,
-                drawState.DefaultNodeSize * 0.75f * (onPaper() ? sizeFactor : 1.0f)};
+                drawState.DefaultNodeSize * 0.75f * (onPaper() ? sizeFactor : 1.0f),
+                0,
+                0,
+                0,
+                0};
+  reachOfBodies(pass.style);
   pass.slots = scanLabelSlots();
   pass.clearing = clearHilite != 0;
   pass.recolour = isSet(recolour);

@@ -67,8 +67,9 @@ bool PipeBody::paint(bool clearing) {
 bool PipeBody::paintDevice() {
   const double size = deviceSize(std::max(1.0, drawState.UnitsPerDisplay));
   const double reach = 1.6 * (size != 0 ? size : std::hypot(x2 - x1, y2 - y1));
-  if (style_.clip && Box(x1, y1).with(x2, y2).wider(reach).outside()) return false;
   const bool fitting = pdt_.HYD_TYPE == 5;
+  const bool apart = fitting && drawState.MapMode == 1;  // may stand anywhere on the isometric view
+  if (style_.clip && !apart && Box(x1, y1).with(x2, y2).wider(reach).outside()) return false;
   if (!fitting && isDashed(screen_.LineType)) {
     style_.pen->plain(PS_SOLID, width, color);
   } else {
@@ -98,15 +99,15 @@ bool PipeBody::paintArc() {
 bool PipeBody::paintStraight() {
   if (endsOutside()) return false;
   usePen();
-  if (!DrawClipLine(style_.clip, x1, y1, x2, y2)) return false;
-  arrow(x1, y1, x2, y2);
-  return true;
+  const bool visible = DrawClipLine(style_.clip, x1, y1, x2, y2) != 0;
+  arrow(x1, y1, x2, y2);  // its barbs may reach into the window where the line does not
+  return visible;
 }
 
 bool PipeBody::paintPolyline(bool clearing) {
   const int32_t first = screen_.FIRST_VTX, last = std::min(screen_.LAST_VTX, vtxTop());
   if (first < 1 || first > last) return paintStraight();
-  if (endsOutside()) {
+  if (!clearing && endsOutside()) {  // clearing looks at every vertex, painted or not
     Box box = Box(x1, y1).with(x2, y2);
     for (int32_t v = first; v <= last; v++) {
       double x, y;

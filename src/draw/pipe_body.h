@@ -15,6 +15,7 @@ struct PipeStyle {
   int32_t paperColor;
   bool clip, showDevices, showArrows, arrowsAtMid, showMarks;
   float markSize;
+  double left, bottom, right, top; /* what a body beyond one of these has nothing to show of; see reachOfBodies */
 };
 
 class PipeBody {
@@ -32,11 +33,10 @@ class PipeBody {
   }
   /** Paints line, symbols and arrows; false when all of it lies outside the window. */
   bool paint(bool clearing);
-  /** With clipping, true when both ends lie beyond the same side of the window. */
+  /** With clipping, true when both ends lie so far beyond the same side of the window that nothing reaches into it. */
   bool endsOutside() const {
-    const DrawState& s = drawState;
-    return style_.clip && ((x1 < s.ClipX0 && x2 < s.ClipX0) || (x1 > s.ClipX1 && x2 > s.ClipX1) ||
-                           (y1 < s.ClipY1 && y2 < s.ClipY1) || (y1 > s.ClipY0 && y2 > s.ClipY0));
+    return (x1 < style_.left && x2 < style_.left) || (x1 > style_.right && x2 > style_.right) ||
+           (y1 < style_.bottom && y2 < style_.bottom) || (y1 > style_.top && y2 > style_.top);
   }
   /** The pipe's own pen. */
   void usePen() const { style_.pen->lineStyle(screen_.LineType, width, color); }

@@ -225,6 +225,15 @@ TEST_F(PipePass, a_selected_vertex_is_shown_by_a_pen_and_brush_of_its_own_and_a_
   EXPECT_EQ(model.vtx[1].VTX_HILITE + model.vtx[1].VTX_DRAWN, 0);
 }
 
+TEST_F(PipePass, clearing_reaches_the_vertices_outside_the_window) {
+  add(110, 10, 130, 10);
+  addRun(1, {{110, 20}, {130, 20}});
+  model.vtx[2].VTX_HILITE = model.vtx[2].VTX_DRAWN = 1;
+  picture.clearHilite = 1;
+  picture.paintQuietly();
+  EXPECT_EQ(model.vtx[2].VTX_HILITE + model.vtx[2].VTX_DRAWN, 0);
+}
+
 TEST_F(PipePass, a_selected_pipe_takes_the_hilite_colour_and_grips_at_nodes_and_vertices) {
   add();
   addRun(1, {{20, 20}});

@@ -76,6 +76,21 @@ TEST_F(PipePass, a_fitting_is_its_device_code_behind_a_line) {
   EXPECT_EQ(lines(), "MoveToEx 100 499\nLineTo 300 499\n");
 }
 
+TEST_F(PipePass, a_wired_fitting_shows_where_it_stands_though_its_pipe_is_out_of_view) {
+  FLut rows[2]{};
+  copyText(rows[1].KEY_TEXT, "plug");
+  rows[1].FIELD_20 = 1005;
+  lookups.flut = {rows, 2};
+  Pdt& p = add(213.5, -86.5, 215.5, -86.5);
+  p.HYD_TYPE = 5;
+  copyText(p.SIZE_TYPE, "plug");
+  model.ndt[1].Z_COORD = model.ndt[2].Z_COORD = 100;
+  picture.view.DevicesOn = 1;
+  picture.iso = 1;
+  // The pipe begins at (127 * 0.866025, -150 + 100) = (110, -50), the symbol about (60 * 0.866025, -80 + 100).
+  EXPECT_EQ(count(lines(), "LineTo"), 3);
+}
+
 TEST_F(PipePass, lines_only_leaves_labels_and_flags) {
   Pdt& p = add(40, 50, 60, 50);
   p.LABEL_ON = p.FLAG_BYTE = 1;
@@ -169,6 +184,15 @@ TEST_F(PipePass, a_polyline_has_an_arrow_on_every_segment_or_on_the_mid_one) {
   EXPECT_EQ(count(log, "MoveToEx 200 800"), 2);
   addRun(1, {{10, 12}});  // the middle lies on the last segment
   EXPECT_EQ(count(lines(), "MoveToEx 200 890"), 2);
+}
+
+TEST_F(PipePass, an_arrow_on_a_line_outside_reaches_into_the_window) {
+  Pdt& p = add(100.5, 50.03, 102.5, 50.03);
+  p.FLOW = p.Q_FACTOR = 1;
+  picture.view.ArrowsOn = 1;
+  picture.view.ArrowSize = -10;  // 3 world units
+  // Tip (101.5, 50.03); barbs 3 * 0.865973 = 2.59792 back and 3 * 0.500091 = 1.50027 to either side.
+  EXPECT_EQ(lines(), "MoveToEx 1015 499\nLineTo 989 514\nMoveToEx 1015 499\nLineTo 989 484\n");
 }
 
 TEST_F(PipePass, the_open_arrow_of_an_arc_stands_on_its_middle) {
