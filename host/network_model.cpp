@@ -172,7 +172,7 @@ void setPath(int32_t p, const NetLink& link, double fromZ, double toZ) {
 double lengthOf(int32_t p, const NetLink& link, bool geographic, double lengthFactor) {
   if (!hasLength(link.kind)) return link.setting;
   if (link.length > 0) return link.length;
-  const double measured = static_cast<double>(CalcPipeLength(p, 0));
+  const double measured = static_cast<double>(CalcPipeLength(p, 1));
   return geographic ? measured / lengthFactor : measured;
 }
 
