@@ -10,16 +10,18 @@ base=$out/town/town
 
 show() { printf '  %-28s %s\n' "$1" "$2"; }
 "$pn10" render "$base" -o "$out/overview.png"
-read -r x y < <("$pn10" info "$base" --json | python3 -c '
+field() { "$pn10" fields "$base" pipe "$1" --json | python3 -c '
 import json, sys
-left, bottom, right, top = json.load(sys.stdin)["extent"]
-print((left + right) / 2, (bottom + top) / 2)')
+for field in json.load(sys.stdin)["fields"]:
+    if field["name"] == sys.argv[1]:
+        print(field.get("text", field.get("value")))' "$2"; }
+x=$(field 330 FROM_X) y=$(field 330 FROM_Y)
 window() { python3 -c "x, y, w = $x, $y, $1; print(f'{x - w},{y - w * 0.75},{x + w},{y + w * 0.75}')"; }
-"$pn10" render "$base" -o "$out/street.png" --window "$(window 700)"
-"$pn10" render "$base" -o "$out/isometric.png" --view iso
+"$pn10" render "$base" -o "$out/street.png" --size 1200,900 --window "$(window 560)"
+"$pn10" render "$base" -o "$out/isometric.png" --view iso --size 1200,900
 "$pn10" render "$base" -o "$out/facilities.png" --colours facility
 "$pn10" render "$base" -o "$out/town.pdf"
-start=$("$pn10" fields "$base" pipe 40 --json | python3 -c 'import json, sys; print(next(f["text"] for f in json.load(sys.stdin)["fields"] if f["name"] == "FROM_NAME"))')
+start=$(field 40 FROM_NAME)
 "$pn10" trace "$base" --type downstream --from "$start" -o "$out/trace.png"
 
 echo

@@ -2,6 +2,7 @@
 #ifndef PN10_HOST_LABEL_ROOM_H
 #define PN10_HOST_LABEL_ROOM_H
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -12,14 +13,16 @@ class LabelRoom {
  public:
   LabelRoom(int32_t width, int32_t height, int32_t cell);
 
-  /** Whether a label fits: a strip of this length and thickness, from (x, y) along (dx, dy), a unit vector. */
+  /** Whether a label fits, all of it inside: a strip of this length and thickness, from (x, y) along (dx, dy), a unit
+   * vector. */
   bool fits(double x, double y, double dx, double dy, double length, double thickness) const;
   void take(double x, double y, double dx, double dy, double length, double thickness);
 
  private:
   template <class Visit>
-  bool walk(double x, double y, double dx, double dy, double length, double thickness, Visit visit) const;
+  void walk(double x, double y, double dx, double dy, double length, double thickness, Visit visit) const;
 
+  static constexpr size_t kOutside = static_cast<size_t>(-1);
   int32_t columns_, rows_, cell_;
   std::vector<uint8_t> taken_;
 };

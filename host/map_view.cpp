@@ -253,8 +253,11 @@ void giveRoomToPoints(const PointLabels& k, const Mapping& map, LabelRoom* room,
     bool fits = false;
     if (k.on) {
       const Point at = map(number(k.kind, r, k.x), number(k.kind, r, k.y), number(k.kind, r, k.z));
-      const double x = at.x + k.dx * em, y = at.y + k.dy * em - (k.dy == 0 ? em * 0.7 : 0);
-      const double wide = labelWidth(k.kind, r, k.fields, em), high = em * 1.2 * static_cast<double>(k.fields.size());
+      // The text stands on its line of places, not across it.
+      const bool level = k.dy == 0;
+      const double x = at.x + k.dx * em - (level ? 0 : em * 0.35),
+                   y = at.y + k.dy * em - (level ? em * 0.7 : em * 0.35);
+      const double wide = labelWidth(k.kind, r, k.fields, em), high = em * 1.8 * static_cast<double>(k.fields.size());
       fits = room->fits(x, y, k.dx, k.dy, wide, high);
       if (fits) room->take(x, y, k.dx, k.dy, wide, high);
     }
