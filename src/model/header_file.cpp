@@ -7,8 +7,8 @@
 #include <cstring>
 
 #include "exports/pn10gdi.h"
+#include "fields/text_file.h"
 #include "model/tables.h"
-#include "platform/files.h"
 
 using namespace pn10;
 
@@ -16,27 +16,6 @@ namespace {
 
 constexpr int16_t kHdrLines = 201;
 constexpr int16_t kFirstSwitch = 120, kLastSwitch = 125;
-
-/** A line of at most 255 bytes, longer ones in pieces. At the end of the file the line before stays in place. */
-class LineReader {
- public:
-  explicit LineReader(FILE* file) : file_(file) {}
-  const char* next() {
-    char line[sizeof line_];
-    if (std::fgets(line, sizeof line, file_)) copyText(line_, line);
-    return line_;
-  }
-  /** The next line without white space at its end, trimmed in place. */
-  const char* nextTrimmed() {
-    next();
-    TrimRight(line_);
-    return line_;
-  }
-
- private:
-  FILE* file_;
-  char line_[256] = "";
-};
 
 bool isHdrLine(int16_t line) { return line >= 0 && line < kHdrLines; }
 
@@ -52,15 +31,27 @@ int32_t writeHeader(const char* path, const char* magic) {
   return file.close() ? 200 : -2;
 }
 
+/** The next line without white space at its end. At the end of the file the line before stays in place. */
+const char* nextTrimmed(LineReader& lines) {
+  lines.next();
+  TrimRight(lines.text());
+  return lines.text();
+}
+
+/** Opens a header file behind its magic line; 0, or the code of what is wrong with it. */
+int32_t openHeader(LineReader& lines, const char* path, const char* magic) {
+  if (!lines.open(path)) return -2;
+  lines.next();
+  return beginsWith(lines.text(), magic) ? 0 : -1;
+}
+
 int32_t readHeader(const char* path, const char* magic) {
-  File file(path, "r");
-  if (!file) return -2;
-  LineReader lines(file.get());
-  if (!beginsWith(lines.next(), magic)) return -1;
+  LineReader lines(LineReader::kRepeat);
+  if (const int32_t failure = openHeader(lines, path, magic)) return failure;
   releaseTable(model.hdr);
   model.hdr = newTable<Hdr>(kHdrLines - 1);
   if (!model.hdr) return -4;
-  for (int16_t i = 0; i < kHdrLines; i++) copyText(model.hdr[i].LINE, lines.nextTrimmed());
+  for (int16_t i = 0; i < kHdrLines; i++) copyText(model.hdr[i].LINE, nextTrimmed(lines));
   for (int16_t i = kFirstSwitch; i <= kLastSwitch; i++) copyText(model.hdr[i].LINE, "1");
   return 200;
 }
@@ -75,8 +66,7 @@ int32_t HdrIo(const char* path, const char* magic, int16_t mode) {
 
 void GetHdrVal(int16_t line, char* text) {
   if (!text) return;
-  const char* value = model.hdr && isHdrLine(line) ? model.hdr[line].LINE : "";
-  std::memcpy(text, value, std::strlen(value) + 1);
+  copyText(text, sizeof Hdr::LINE, model.hdr && isHdrLine(line) ? model.hdr[line].LINE : "");
 }
 
 void SetHdrVal(int16_t line, const char* text) {
@@ -84,14 +74,12 @@ void SetHdrVal(int16_t line, const char* text) {
 }
 
 int32_t GetValFromHdrFile(const char* path, const char* magic, char* text, int16_t line) {
-  File file(path, "r");
-  if (!file) return -2;
-  LineReader lines(file.get());
-  if (!beginsWith(lines.next(), magic)) return -1;
+  LineReader lines(LineReader::kRepeat);
+  if (const int32_t failure = openHeader(lines, path, magic)) return failure;
   if (!isHdrLine(line)) return 0;
   const char* value = "";
   for (int16_t i = 0; i <= line; i++) {
-    value = lines.nextTrimmed();
+    value = nextTrimmed(lines);
     if (model.hdr) copyText(model.hdr[i].LINE, value);
   }
   if (text) std::memcpy(text, value, std::strlen(value)); /* kept: no terminator */
