@@ -87,8 +87,8 @@ int32_t FindRdx(int32_t count, const char* key, char* longOut, char* shortOut) {
     Rdx& r = model.rdx[row];
     trimKey(r);
     if (!(keyOf(r) == wanted)) continue;
-    if (longOut) std::strcpy(longOut, r.LONG_TEXT);
-    if (shortOut) std::strcpy(shortOut, r.SHORT_TEXT);
+    if (longOut) copyText(longOut, sizeof r.LONG_TEXT, r.LONG_TEXT);
+    if (shortOut) copyText(shortOut, sizeof r.SHORT_TEXT, r.SHORT_TEXT);
     return row;
   }
   return 0;
