@@ -208,8 +208,8 @@ Next SystemTrace::expandConnected(int32_t node) {
 Next SystemTrace::expandIsolation(int32_t node) {
   if (isValveNode(node)) {
     output_.summary.devices++;
+    /* kept: the name as it stands, while the lines of elements trim the names of their nodes */
     if (FILE* file = output_.file(kTraceVlv)) {
-      TrimRight(model.ndt[node].NODENAME);
       std::fprintf(file, "Valve Node - Node Number: %i   Valve Number: %s\n", node, model.ndt[node].NODENAME);
     }
     if (!passValve_) return Next::Node;

@@ -1,7 +1,7 @@
 /** The two control files, line by line: what each line holds is a row of a table. */
 #include "network/trace_control.h"
 
-#include <string>
+#include <iterator>
 
 #include "fields/number_text.h"
 #include "model/tables.h"
@@ -40,9 +40,13 @@ void readSelectors(Reader& reader, int32_t count, bool writeFiles, TraceControl*
 
 }  // namespace
 
+DataPath::DataPath(const char* name) {
+  static_assert(sizeof settings.dataPath + sizeof "pntrace.ini" <= sizeof path_);
+  std::snprintf(path_, sizeof path_, "%s%s", settings.dataPath, name);
+}
+
 int32_t readTraceControl(int16_t mode, TraceControl* control) {
-  const std::string path = std::string(settings.dataPath) + (mode == 0 ? "pntrace.ini" : "traceup.ini");
-  const File file(path.c_str(), "r");
+  const File file(DataPath(mode == 0 ? "pntrace.ini" : "traceup.ini").get(), "r");
   if (!file) return -1;
   Reader reader{file.get()};
   const Line* lines = mode == 0 ? kFileLines : kListLines;

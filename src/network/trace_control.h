@@ -12,6 +12,16 @@ constexpr int32_t kStartPipe = 9, kStartElement = 10;
 /** The output files a control file may select. */
 enum TraceFile { kTracePip, kTraceCst, kTraceVlv, kTraceSum, kTraceReg, kTraceFiles };
 
+/** The path of a file of the trace: the data path stands directly before the name. */
+class DataPath {
+ public:
+  explicit DataPath(const char* name);
+  const char* get() const { return path_; }
+
+ private:
+  char path_[300];
+};
+
 struct TraceControl {
   int16_t type = 0;
   int32_t color = 0; /* negative: no colour */

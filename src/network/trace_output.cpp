@@ -1,8 +1,6 @@
 /** Colours, marks, files and summary of a trace. */
 #include "network/trace_output.h"
 
-#include <string>
-
 #include "fields/number_text.h"
 
 namespace pn10 {
@@ -13,9 +11,7 @@ constexpr const char* kFileNames[kTraceFiles] = {"trace.pip", "trace.cst", "trac
 /** "trace.sum" is made at the very end. */
 constexpr TraceFile kOpenedFirst[] = {kTracePip, kTraceCst, kTraceVlv, kTraceReg};
 
-bool create(File& file, TraceFile which) {
-  return file.open((std::string(settings.dataPath) + kFileNames[which]).c_str(), "w");
-}
+bool create(File& file, TraceFile which) { return file.open(DataPath(kFileNames[which]).get(), "w"); }
 
 void mark(int32_t& color, int32_t& traceColor, int32_t newColor, int32_t ownMark) {
   const auto plusOne = [](int32_t c) { return static_cast<int32_t>(static_cast<uint32_t>(c) + 1u); };
@@ -79,13 +75,12 @@ void WriteTraceReg(FILE* regFile, int32_t pipe, int32_t expandedNode) {
   if (element.STATUS != 0) {
     writeLine(regFile, kOff, element);
   } else if (expandedNode == element.TO_NODE) {
-    char set[kNumberSize];
+    char set[kNumberSize], units[sizeof element.L_UNITS], more[sizeof set + sizeof units + 16];
     printFixed(set, sizeof set, element.LENGTH);
-    char units[sizeof element.L_UNITS];
     copyText(units, element.L_UNITS);
     TrimRight(units);
-    const std::string more = std::string("   Set P = ") + set + " " + units;
-    writeLine(regFile, kDeviceNames[1], element, more.c_str());
+    std::snprintf(more, sizeof more, "   Set P = %s %s", set, units);
+    writeLine(regFile, kDeviceNames[1], element, more);
   }
 }
 

@@ -182,7 +182,8 @@ int32_t LiteralTrace::run(int32_t startNode, int32_t stopNode, int32_t startPipe
       if (t == 3 ? h == 1 || h == 2 : h == 2) {
         sumDevices++;
         if (vlv)
-          files["trace.vlv"] += "Valve Node - Node Number: " + std::to_string(n) + "   Valve Number: " + name(n) + "\n";
+          files["trace.vlv"] += "Valve Node - Node Number: " + std::to_string(n) +
+                                "   Valve Number: " + ndt[static_cast<size_t>(n)].NODENAME + "\n";
         if (!pass) continue;
         pass = false;
       }

@@ -134,7 +134,8 @@ TEST_F(SystemTrace, isolation_goes_through_the_first_of_two_valve_nodes) {
   EXPECT_EQ(trace({.type = 3, .startKind = 9}, 2, 2), 3);  // the start pipe, then pipes 1 and 2 from node 2
   EXPECT_EQ(file("trace.pip"), "1\n2\n");
   EXPECT_EQ(file("trace.vlv"),
-            "Valve Node - Node Number: 2   Valve Number: N2\nValve Node - Node Number: 3   Valve Number: N3\n");
+            "Valve Node - Node Number: 2   Valve Number: N2 \nValve Node - Node Number: 3   Valve Number: N3 \n")
+      << "the name as it stands, its blank too";
 }
 
 TEST_F(SystemTrace, isolation_records_the_closing_element_and_stops_there) {
