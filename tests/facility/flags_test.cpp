@@ -184,6 +184,14 @@ TEST_F(FacilityFlags, a_node_sees_its_first_six_pipes_only) {
   EXPECT_EQ(model.nxy[1].Active, 1) << "a deleted pipe leaves its place to the seventh";
 }
 
+TEST_F(FacilityFlags, a_pipe_of_another_negative_status_is_seen) {
+  makeNetwork(2, {{1, 2}});
+  model.pdt[1].REC_STATUS = -2;
+  model.pxy[1].Report = 1;
+  RecalcNodeFacFlags(1, "Psi");
+  EXPECT_EQ(model.nxy[1].Report, 1) << "only -1 leaves a pipe out";
+}
+
 TEST_F(FacilityFlags, a_loop_takes_two_of_the_six_places) {
   makeNetwork(2, {{1, 1}, {1, 1}, {1, 1}, {1, 2}});
   model.pxy[4].Report = 7;

@@ -162,6 +162,20 @@ TEST_F(PipeStyle, line_widths) {
   }
 }
 
+TEST_F(PipeStyle, a_width_of_1_is_a_width) {
+  facilities.rows[1].LineWidth = 1;
+  lookups.plut.rows[FindPLutRno("SIZE", 0)].LINE_WIDTH = 1;
+  view.PipeWidth = 7;
+  setSize("SIZE");
+  pipe().FACILITY = 7;
+  pipe().LINE_WIDTH = 98;
+  SetPipeColor(1);
+  EXPECT_EQ(screen().LineWidth, 2) << "one more than the facility's";
+  pipe().LINE_WIDTH = 99;
+  SetPipeColor(1);
+  EXPECT_EQ(screen().LineWidth, 1);
+}
+
 TEST_F(PipeStyle, the_answer_without_the_model_has_its_own_rules) {
   struct {
     int32_t color;

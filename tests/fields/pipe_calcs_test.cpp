@@ -104,6 +104,13 @@ TEST_F(PipeCalcs, hoop_stress_takes_the_higher_pressure) {
   EXPECT_EQ(CalcHoopStress(1, 1), 600.0);
 }
 
+TEST_F(PipeCalcs, hoop_stress_of_a_pipe_below_the_atmosphere_is_negative) {
+  loadSizes();
+  size("2 STEEL");
+  pressures(-2, -8);
+  EXPECT_EQ(get(68), -20.0); /* 2.5 x -2 / 0.25 */
+}
+
 TEST_F(PipeCalcs, hoop_stress_is_zero_without_pressure_row_or_wall) {
   loadSizes();
   size("2 STEEL");
@@ -147,6 +154,15 @@ TEST_F(PipeCalcs, average_pressure_converts_with_the_factors) {
   from().PATM = to().PATM = 20.0f;
   pressures(25, 10, 2.0f);
   EXPECT_EQ(get(40), static_cast<double>(static_cast<float>(140.0 / 3.0)));
+}
+
+TEST_F(PipeCalcs, average_pressure_rounds_each_step_to_single) {
+  settings.patmFactor = 0.0145f;
+  from().PATM = to().PATM = 14.7f;
+  pressures(0.37f, 12.34f);
+  /* by a script of its own that rounds every named value; with the atmospheric term left wide it is 8.386025428771973
+   */
+  EXPECT_EQ(get(40), 8.386024475097656);
 }
 
 TEST_F(PipeCalcs, average_pressure_of_nothing_is_zero_and_of_atmosphere_alone_zero_gauge) {

@@ -116,6 +116,11 @@ TEST(GetUnitFactor, keys_stay_as_they_stand_whatever_follows_their_letter) {
   EXPECT_EQ(GetUnitFactor("kW", 1000, "Qxyz"), GetUnitFactor("kW", 1000, "Q"));
 }
 
+TEST(GetUnitFactor, power_divides_a_single_precision_constant) {
+  EXPECT_EQ(GetUnitFactor("KW", 900.0f, "Q"), static_cast<float>(3415.199951171875 / 900.0));
+  EXPECT_NE(GetUnitFactor("KW", 900.0f, "Q"), static_cast<float>(3415.2 / 900.0));
+}
+
 TEST(GetUnitFactor, power_without_a_heating_value_is_infinite) {
   EXPECT_EQ(GetUnitFactor("KW", 0.0f, "Q"), std::numeric_limits<float>::infinity());
 }

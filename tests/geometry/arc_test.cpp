@@ -75,6 +75,16 @@ TEST(CalcArcGeom, coinciding_ends_are_refused_in_the_isometric_view_only) {
   EXPECT_EQ(Geom(1, 0, 0, 0, 0.5).result, 0);
 }
 
+TEST(CalcArcGeom, coinciding_ends_have_the_whole_circle_between_them) {
+  OnePipe m({0, 0}, {0, 0}, 2, {{5, kHalfPi}});
+  const Geom g(2, 0, 0, 0, 0);
+  EXPECT_EQ(g.result, 0);
+  EXPECT_EQ(g.start, g.end);
+  EXPECT_NEAR(g.cx, kRoot, 1e-5);
+  EXPECT_NEAR(g.midX, 2 * kRoot, 1e-5); /* opposite of the ends */
+  EXPECT_NEAR(g.midY, 2 * kRoot, 1e-5);
+}
+
 TEST(CalcArcGeom, a_vertex_outside_the_table_is_refused) {
   OnePipe m({5, 0}, {0, 5}, 1, {{5, 1}});
   for (int32_t vtx : {-1, 2, 2000000000}) EXPECT_EQ(Geom(1, 5, 0, 0, 5, vtx).result, -1);

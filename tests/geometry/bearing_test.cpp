@@ -48,6 +48,11 @@ TEST(GetXY, a_bearing_beyond_one_turn_loses_turns_in_single_precision) {
   EXPECT_NEAR(m.y, std::sin(7.0), 1e-6);
 }
 
+TEST(GetXY, the_remainder_of_a_turn_is_rounded_to_single) {
+  const Moved m(7.1, 1e8);
+  EXPECT_NEAR(m.x, 68454677.65198223, 0.01); /* cos of the single nearest to 0.8168145179748532 */
+}
+
 TEST(GetXY, a_bearing_below_one_turn_back_is_reflected) {
   const Moved m(-7, 1);
   EXPECT_NEAR(m.x, std::cos(7.0), 1e-6);

@@ -38,6 +38,11 @@ TEST(CalcPipeLength, each_segment_is_rounded_to_single_before_the_sum) {
   EXPECT_EQ(CalcPipeLength(1, 1), static_cast<float>(16777216.0 + double{static_cast<float>(std::sqrt(2.0))}));
 }
 
+TEST(CalcPipeLength, segments_are_added_in_double_precision) {
+  OnePipe m({0, 0}, {16777218, 0}, 4, {{16777216, 0}, {16777217, 0}});
+  EXPECT_EQ(CalcPipeLength(1, 1), 16777218.0f); /* in single precision 1 would be lost twice */
+}
+
 TEST(CalcPipeLength, arc_is_radius_times_angle_whatever_the_ends) {
   OnePipe m({0, 0}, {3, 4}, 1, {{25, 1.2}});
   EXPECT_EQ(CalcPipeLength(1, 1), 30.0f);

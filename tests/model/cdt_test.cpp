@@ -196,6 +196,14 @@ TEST_F(CdtTest, a_deleted_customer_is_taken_as_it_is) {
   EXPECT_EQ(std::memcmp(&model.cxy[1], &zero, sizeof zero), 0);
 }
 
+TEST_F(CdtTest, any_negative_status_takes_a_customer_as_it_is) {
+  Cdt cust = custRecord(7, 99);
+  cust.REC_STATUS = -2;
+  EXPECT_EQ(read(fileOf(std::vector<Cdt>{cust})), 0);
+  EXPECT_EQ(model.cdt[1].PIPE_REC, 99);
+  EXPECT_EQ(model.cxy[1].DRAW, 0);
+}
+
 TEST_F(CdtTest, a_live_customer_is_to_be_drawn_and_slot_0_stays_zero) {
   read(fileOf(std::vector<Cdt>{custRecord(1, 0)}));
   CXY expected{};

@@ -83,6 +83,18 @@ TEST_F(Grow, the_node_at_the_count_is_cleared) {
   EXPECT_STREQ(model.ndt[3].NODENAME, "N3");
 }
 
+TEST_F(Grow, the_pipe_and_the_customer_at_the_count_are_cleared_and_those_below_it_stay) {
+  ReallocPdt(3), ReallocCdt(3);
+  fillTexts(model.pdt[2]), fill(model.cdt[2].LINK_ID);
+  model.pipeCount = model.custCount = 3;
+  ReallocPdt(2), ReallocCdt(2);
+  EXPECT_TRUE(isFull(model.pdt[2].SIZE_TYPE) && isFull(model.cdt[2].LINK_ID));
+  model.pipeCount = model.custCount = 2;
+  ReallocPdt(2), ReallocCdt(2);
+  EXPECT_STREQ(model.pdt[2].SIZE_TYPE, "");
+  EXPECT_STREQ(model.cdt[2].LINK_ID, "");
+}
+
 TEST_F(Grow, pipes_lose_six_texts_of_the_last_record_only) {
   ReallocPdt(3);
   for (int p = 1; p <= 3; p++) fillTexts(model.pdt[p]);

@@ -94,6 +94,13 @@ TEST_F(ReadPdtFile, a_straight_pipe_is_measured_and_shown) {
   EXPECT_EQ(model.nxy[1].Display + model.nxy[2].Display, 2);
 }
 
+TEST_F(ReadPdtFile, a_pipe_is_measured_in_space) {
+  nodes[0].Z_COORD = 100;
+  nodes[1].Z_COORD = 220;
+  read({pipeRecord(4, 1, 2)});
+  EXPECT_EQ(model.pxy[1].LENGTH, 130.0f); /* 30, 40 and 120 */
+}
+
 TEST_F(ReadPdtFile, an_equation_from_the_facility_falls_back_to_the_default) {
   Pdt pipe = pipeRecord(4, 1, 2);
   pipe.EQUATION = -1;

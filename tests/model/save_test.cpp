@@ -300,6 +300,27 @@ TEST_F(SaveTest, the_record_number_of_a_fitting_stands_for_the_lookup_row) {
   lookups.flut.count = 0;
 }
 
+TEST_F(SaveTest, the_sum_of_lengths_goes_by_the_magnitude_of_the_equation) {
+  lookups.flut.rows = newTable<FLut>(2);
+  lookups.flut.count = 2;
+  std::strcpy(lookups.flut.rows[2].KEY_TEXT, "TEE");
+  lookups.flut.rows[2].REF_D = 8;
+  lookups.flut.rows[1].REF_D = 4;
+  lookups.flut.rows[1].EQ_LENGTH = 3;
+  addNodes(2);
+  addPipe(1, 2);
+  model.pdt[1].HYD_TYPE = 5;
+  std::strcpy(model.pdt[1].SIZE_TYPE, "TEE");
+  model.pdt[1].EQUATION = -39;
+  addFtg(ftgRecord(1, "F"));
+  model.pdt[1].FTG_COUNT = 2;
+  save();
+  EXPECT_EQ(model.pdt[1].FTG_EQ_LENGTH, 48.0f);  // 3 x (8 / 4) to the 4th
+  EXPECT_EQ(model.pdt[1].FTG_COUNT, 1);
+  releaseTable(lookups.flut.rows);
+  lookups.flut.count = 0;
+}
+
 TEST_F(SaveTest, references_of_marked_nodes_are_written_in_the_order_of_the_nodes) {
   addNodes(3);
   model.ndt[1].HAS_RDX = model.ndt[3].HAS_RDX = 1;

@@ -91,6 +91,16 @@ TEST_F(SystemTrace, follows_the_flow_and_writes_what_it_found) {
   EXPECT_STREQ(model.ndt[1].NODENAME, "N1 ");
 }
 
+TEST_F(SystemTrace, customers_of_another_negative_status_are_listed) {
+  makeRow(2);
+  model.pdt[1].CUST_COUNT = 2;
+  model.cdt[1].PIPE_REC = model.cdt[2].PIPE_REC = model.cdt[3].PIPE_REC = 1;
+  model.cdt[1].REC_STATUS = -1;
+  model.cdt[2].REC_STATUS = -2;
+  trace({.type = 1}, 1);
+  EXPECT_EQ(file("trace.cst"), "2\n3\n0\n");
+}
+
 TEST_F(SystemTrace, finds_nothing_where_all_flows_arrive) {
   makeRow(3);
   EXPECT_EQ(trace({.type = 1}, 3), 0);

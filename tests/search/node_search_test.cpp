@@ -178,6 +178,21 @@ TEST_F(NodeSearch, tolerances_are_inclusive) {
   EXPECT_EQ(FindNodeFuzzy(0, 0, 4.999f), 0);
 }
 
+TEST_F(NodeSearch, a_node_outside_the_square_is_no_match_though_its_distance_rounds_to_the_tolerance) {
+  makeEmptyTables(1, 0, 0, 0);
+  putNode(1, 1.00000001, 0);
+  EXPECT_EQ(FindNodeSnap(0, 0, 0, 1, 0), 1);
+  EXPECT_EQ(FindNodeFuzzy(0, 0, 1), 0);
+}
+
+TEST_F(NodeSearch, a_partial_search_wants_names_of_the_given_length_at_least) {
+  makeEmptyTables(1, 0, 0, 0);
+  std::strcpy(model.ndt[1].NODENAME, "cab");
+  EXPECT_EQ(FindNodeByName("AB", 2, 1, 1), 1);
+  EXPECT_EQ(FindNodeByName("AB", 3, 1, 1), 1);
+  EXPECT_EQ(FindNodeByName("AB", 4, 1, 1), 0);
+}
+
 TEST_F(NodeSearch, one_node_may_answer_both_points) {
   makeEmptyTables(2, 0, 0, 0);
   putNode(2, 50, 0);
