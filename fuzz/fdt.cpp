@@ -14,10 +14,10 @@ bool same(const Fdt& a, const Fdt& b) {
          std::memcmp(&a.FTG_EQL, &b.FTG_EQL, sizeof a.FTG_EQL) == 0 && a.FTG_FLAG == b.FTG_FLAG;
 }
 
-/** A line feed in a name shifts the columns behind it: such a file is not what a save writes. */
+/** A line feed in a name, also behind its end, shifts the columns behind it: such a file is not what a save writes. */
 bool plainNames() {
   for (int32_t i = 1; i <= ftgTop(); i++) {
-    if (std::strchr(model.fdt[i].FTG_NAME, '\n')) return false;
+    if (std::memchr(model.fdt[i].FTG_NAME, '\n', sizeof model.fdt[i].FTG_NAME)) return false;
   }
   return true;
 }

@@ -59,6 +59,7 @@ FILE* __wrap_fopen(const char* path, const char* mode) {
 
 namespace pn10::test {
 void failAllocation(int n) { allocationsLeft = n; }
+bool failureWaits() { return allocationsLeft > 0; }
 void failOpening(int n) { openingsLeft = n; }
 size_t liveBlocks() { return book().size(); }
 size_t liveBytes() { return inUse; }

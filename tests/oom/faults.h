@@ -8,6 +8,8 @@ namespace pn10::test {
 
 /** Lets the n-th allocation from now on fail, once; 0 lets none fail. */
 void failAllocation(int n);
+/** Whether the failure asked for is still to come. */
+bool failureWaits();
 /** Lets the n-th opening of a file from now on fail, once; 0 lets none fail. */
 void failOpening(int n);
 /** Blocks in use, bytes in use, and the most bytes in use since the last call of resetPeak. */

@@ -96,7 +96,10 @@ class CairoPainter final : public VectorPainter {
     whole_ = whole_ && cairo_surface_status(surface_) == CAIRO_STATUS_SUCCESS;
     cairo_surface_destroy(surface_);
     surface_ = nullptr;
-    if (file_ && std::fclose(file_) != 0) whole_ = false;
+    if (file_) { /* Cairo forgets some failures of writeBytes; the stream does not */
+      const bool failed = std::ferror(file_) != 0;
+      if (std::fclose(file_) != 0 || failed) whole_ = false;
+    }
     return whole_;
   }
 
