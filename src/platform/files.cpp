@@ -1,8 +1,6 @@
 /** Files as every system has them. */
 #include "platform/files.h"
 
-#include <cstdlib>
-
 #ifndef _WIN32
 #include <sys/types.h>
 #endif
@@ -48,24 +46,6 @@ bool File::close() {
   const bool closed = std::fclose(file_) == 0;
   file_ = nullptr;
   return written && closed;
-}
-
-FileImage::~FileImage() { std::free(bytes); }
-
-FileImage::Result FileImage::read(const char* path) {
-  File file(path, "rb");
-  if (!file) return kNoFile;
-  const int64_t length = fileSize(file.get());
-  if (length < 0) return kNoFile;
-  if (static_cast<uint64_t>(length) >= SIZE_MAX) return kNoMemory;
-  std::free(bytes);
-  bytes = static_cast<uint8_t*>(std::malloc(static_cast<size_t>(length) + 1));
-  size = 0;
-  if (!bytes) return kNoMemory;
-  std::setvbuf(file.get(), nullptr, _IONBF, 0);
-  size = std::fread(bytes, 1, static_cast<size_t>(length), file.get());
-  bytes[size] = 0;
-  return kRead;
 }
 
 bool rotateBackup(const char* path, const char* backup) {

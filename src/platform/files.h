@@ -1,4 +1,4 @@
-/** Files as every system has them: 64-bit positions, whole-file reads, one large write buffer, backups. */
+/** Files as every system has them: 64-bit positions, closing on every way out, backups. */
 #ifndef PN10_PLATFORM_FILES_H
 #define PN10_PLATFORM_FILES_H
 
@@ -32,20 +32,6 @@ class File {
 
  private:
   FILE* file_ = nullptr;
-};
-
-/** The bytes of a whole file in malloc memory, one NUL behind the last. */
-struct FileImage {
-  FileImage() = default;
-  ~FileImage();
-  FileImage(const FileImage&) = delete;
-  FileImage& operator=(const FileImage&) = delete;
-
-  enum Result { kRead, kNoFile, kNoMemory };
-  Result read(const char* path);
-
-  uint8_t* bytes = nullptr;
-  size_t size = 0;
 };
 
 /**
