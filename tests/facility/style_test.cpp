@@ -196,6 +196,16 @@ TEST_F(PipeStyle, the_answer_without_the_model_has_its_own_rules) {
   }
 }
 
+TEST_F(PipeStyle, black_of_a_size_is_a_colour_and_so_is_every_colour_of_a_facility_but_minus_1) {
+  lookups.plut.rows[FindPLutRno("SIZE", 0)].COLOR = 0;
+  EXPECT_EQ(GetPipeColor(-2, 0, 0, "SIZE"), 0);
+  facilities.rows[1].Color = -2;
+  pipe().FACILITY = 7;
+  pipe().COLOR = -3;
+  SetPipeColor(1);
+  EXPECT_EQ(screen().Color, -2);
+}
+
 TEST_F(PipeStyle, colours_set_directly_clear_the_trace) {
   screen().TraceColor = 9;
   EXPECT_EQ(SetColorPXY(1, 11, 22, 0), 1);

@@ -1,4 +1,6 @@
 /** Numbered fields of customers: every row, the guards, the loads and the date stamp. */
+#include <limits>
+
 #include "fields/cust_calcs.h"
 #include "fields/field_rows.h"
 #include "model/draw_state.h"
@@ -147,6 +149,17 @@ TEST_F(CustFields, fields_of_the_table_need_no_record) {
   EXPECT_EQ(get(448, 1000000), 3.0);
   EXPECT_EQ(get(450, 1000000), 2.0);
   EXPECT_EQ(get(497, 0), 214.0);
+}
+
+TEST_F(CustFields, live_count_leaves_every_negative_status_out) {
+  cust(2).REC_STATUS = -2;
+  EXPECT_EQ(get(450, 0), 3.0);
+}
+
+TEST_F(CustFields, a_load_that_is_off_is_zero_whatever_one_unit_is) {
+  cust().UNIT_LOAD = std::numeric_limits<float>::infinity();
+  cust().LOAD_MULT = 0;
+  EXPECT_EQ(CalcCustLoad(1), 0.0);
 }
 
 TEST_F(CustFields, clearing_takes_the_reserved_value_and_short_436) {

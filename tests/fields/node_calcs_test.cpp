@@ -135,6 +135,22 @@ TEST_F(NodeCalcs, touching_pipes_are_live_ones_counted_once_up_to_six) {
   EXPECT_EQ(field(350, 4), 0.0);
 }
 
+TEST_F(NodeCalcs, pipes_of_any_negative_status_are_no_pipes_of_a_node) {
+  connect(1, 1, 2);
+  model.pdt[1].REC_STATUS = -2;
+  EXPECT_EQ(field(350), 0.0);
+  EXPECT_EQ(GetPipeCount(1), 0);
+  PipeConnects(1, pipes, xs, ys, zs);
+  EXPECT_EQ(pipes[0], 0);
+}
+
+TEST_F(NodeCalcs, percentage_of_a_negative_load_is_of_that_load) {
+  node().CMP_MODE = 2;
+  node().QB_LOAD = -10;
+  node().CMP_VALUE = -8;
+  EXPECT_EQ(field(383), 20.0); /* -2 / -10 */
+}
+
 TEST_F(NodeCalcs, balance_is_flows_and_loads_in_the_units_of_the_node) {
   node().Q_FACTOR = 10.0f;
   node().QB_LOAD = 5.0f;

@@ -121,6 +121,11 @@ TEST_F(NodeFields, live_count_leaves_deleted_records_out) {
   EXPECT_EQ(GetNdtVal(0, text, 397), 220.0);
 }
 
+TEST_F(NodeFields, live_count_leaves_every_negative_status_out) {
+  model.ndt[1].REC_STATUS = -2;
+  EXPECT_EQ(GetNdtVal(0, text, 372), model.nodeCount - 1.0);
+}
+
 TEST_F(NodeFields, screen_fields_stand_in_the_screen_record) {
   for (const auto& [in, out] : samples(Kind::Byte)) {
     SetNdtVal(2, 376, "", in);

@@ -223,6 +223,17 @@ TEST_F(PipeCalcs, line_pack_is_the_volume_at_base_conditions) {
   EXPECT_NEAR(CalcVolPno(1, 0, 0), expected * 14.7 / 520.0, expected * 1e-6);
 }
 
+TEST_F(PipeCalcs, line_pack_takes_1_for_a_base_of_zero_only) {
+  copyText(settings.tempUnits, "Rankine");
+  from().T = to().T = 540;
+  pressures(147, 147);
+  size("12");
+  pipe().LENGTH = pipe().L_FACTOR = pipe().Z_FACTOR = 1;
+  EXPECT_LT(CalcVolPno(1, 520, -2), 0);
+  EXPECT_EQ(CalcVolPno(1, 520, 0), CalcVolPno(1, 520, 1));
+  EXPECT_EQ(CalcVolPno(1, 0, 14), CalcVolPno(1, 1, 14));
+}
+
 TEST_F(PipeCalcs, line_pack_without_compressibility_or_temperature_is_zero) {
   size("12");
   pressures(147, 147);

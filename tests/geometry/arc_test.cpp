@@ -160,6 +160,13 @@ TEST(GetArc, gives_the_vertex_the_circle_and_whole_degrees) {
   EXPECT_EQ(degrees, 57); /* 1 rad = 57.29 degrees */
 }
 
+TEST(GetArc, whole_degrees_of_a_negative_angle_are_the_next_below) {
+  OnePipe m({5, 0}, {0, 5}, 1, {{5, -0.5}});
+  int32_t degrees = 0;
+  GetArc(1, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &degrees);
+  EXPECT_EQ(degrees, -29); /* -28.65 */
+}
+
 TEST(GetArc, a_pipe_without_a_record_reads_as_zeros) {
   OnePipe m({5, 0}, {0, 5}, 1, {{5, 1}});
   int32_t vtx = 9, degrees = 9;
