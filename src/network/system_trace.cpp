@@ -52,6 +52,7 @@ class SystemTrace {
   int32_t begin(int32_t startNode, int32_t startPipe);
   int32_t isolationStart(int32_t startNode, int32_t startPipe);
   void walk();
+  void prefetchQueued(int32_t i);
   void routeBack(int32_t stopNode);
 
   Next expandFlow(int32_t node);
@@ -245,9 +246,28 @@ Next SystemTrace::expandRegulator(int32_t node) {
   return Next::Node;
 }
 
+/** The queue tells what comes next: the records of nodes and pipes a few places ahead are called for. */
+inline void SystemTrace::prefetchQueued(int32_t i) {
+  constexpr int32_t kPipesAhead = 4, kNodesAhead = 12;
+  if (i + kNodesAhead < queued_) {
+    const int32_t later = queue_[static_cast<size_t>(i + kNodesAhead)];
+    __builtin_prefetch(&model.ndt[later].HYD_STATUS);
+    __builtin_prefetch(graph_.at(later).first);
+  }
+  if (i + kPipesAhead >= queued_) return;
+  for (const TraceEdge& edge : graph_.at(queue_[static_cast<size_t>(i + kPipesAhead)])) {
+    const Pdt& pipe = model.pdt[edge.pipe];
+    __builtin_prefetch(&pipe.FROM_NODE);
+    __builtin_prefetch(&pipe.CUST_COUNT);
+    __builtin_prefetch(&pipe.REC_STATUS);
+    if (hasPxySlot(edge.pipe)) __builtin_prefetch(&model.pxy[edge.pipe].Report);
+  }
+}
+
 void SystemTrace::walk() {
   for (int32_t i = 0; i < queued_; i++) {
     const int32_t node = queue_[static_cast<size_t>(i)];
+    prefetchQueued(i);
     uint8_t& visited = nodeVisited_[static_cast<size_t>(node)];
     if (visited) continue;
     visited = 1;
