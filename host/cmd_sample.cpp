@@ -3,6 +3,7 @@
 
 #include "commands.h"
 #include "model_files.h"
+#include "output.h"
 #include "sample_town.h"
 
 namespace host {
@@ -20,7 +21,7 @@ double wholeNumber(const Args& args, const char* option, double otherwise, doubl
   return value;
 }
 
-Network makeTown(int64_t pipes, uint64_t seed) {
+Network makeTown(int64_t pipes, uint64_t seed, Progress& progress) {
   Network net;
   net.title = "Sample town of " + std::to_string(pipes) + " pipes, seed " + std::to_string(seed);
   net.facilities = {{"Transmission", 0x2020A0, 4},
@@ -29,18 +30,24 @@ Network makeTown(int64_t pipes, uint64_t seed) {
                     {"Services", 0xB08030, 1}};
   Plan plan(10, seed);
   Streets streets = layOut(pipes, seed, plan);
+  progress.show(0.1);
   makeMains(plan, streets, net);
+  progress.show(0.2);
   makeCustomers(plan, net);
+  progress.show(0.3);
   makeFlows(plan, streets, net);
+  progress.show(0.5);
   return net;
 }
 
 int run(const Args& args) {
   const auto pipes = static_cast<int64_t>(wholeNumber(args, "--pipes", 1000, kFewest, kMost));
   const auto seed = static_cast<uint64_t>(wholeNumber(args, "--seed", 1, 0, 9007199254740991.0));
-  const Network town = makeTown(pipes, seed);
+  Progress progress("sample");
+  const Network town = makeTown(pipes, seed, progress);
   const std::string base = args.positional[0] + "/town";
   saveNetwork(town, base);
+  progress.show(1);
   closeModel();
   std::printf("%s: %zu nodes, %zu pipes, %zu customers\n", base.c_str(), town.nodes.size(), town.links.size(),
               town.customers.size());

@@ -86,7 +86,10 @@ void loadLibraries(const std::string& base) {
 /** The digit table in one line, entries apart by a space. */
 std::string digitsText(const ModelInfo& info) {
   std::string text;
-  for (const float d : info.digits) text += (text.empty() ? "" : " ") + std::to_string(static_cast<int>(d));
+  for (const float d : info.digits) {
+    if (!text.empty()) text += ' ';
+    text += std::to_string(static_cast<int>(d));
+  }
   return text;
 }
 
