@@ -96,7 +96,7 @@ Command findCommand() {
   return {"find",
           "BASE",
           "A node by name, a pipe by id or identifier, or what lies at a point.",
-          "pn10 find town/town --node \"Main St 12\"",
+          "pn10 find town/town --node \"Maple Ln & Meadow Blvd\"",
           {{"--node", "NAME", "a node, in any case"},
            {"--pipe", "ID", "a pipe by its id, or by its external identifier"},
            {"--partial", nullptr, "a part of the name or identifier is enough"},

@@ -154,7 +154,7 @@ Command renderCommand() {
   return {"render",
           "BASE",
           "The map of a model as PNG, PDF or SVG.",
-          "pn10 render town/town -o town.png --window 2000,1500,3200,2400",
+          "pn10 render town/town -o town.png --window 497000,199000,499000,200500",
           mapOptionRows(),
           run};
 }

@@ -159,7 +159,7 @@ Command traceCommand() {
   return {"trace",
           "BASE",
           "Follows the network from a place, lists what it reaches, and paints it with -o.",
-          "pn10 trace town/town --type isolate --from \"Main St 12\" -o trace.png",
+          "pn10 trace town/town --type isolate --from \"Forest Rd & Clark Blvd\" -o trace.png",
           options,
           run};
 }

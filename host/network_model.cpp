@@ -168,7 +168,7 @@ void setPath(int32_t p, const NetLink& link, double fromZ, double toZ) {
   }
 }
 
-/** A length that is not given is measured on the map: feet on the globe, model units in the plane. */
+/** A length that is not given is measured along the ground: feet on the globe, model units in the plane. */
 double lengthOf(int32_t p, const NetLink& link, bool geographic, double lengthFactor) {
   if (!hasLength(link.kind)) return link.setting;
   if (link.length > 0) return link.length;

@@ -1,0 +1,10 @@
+# The tests run the built program; the grid index of the imports is tested on its own.
+target_sources(test_host PRIVATE ${PROJECT_SOURCE_DIR}/host/import_index.cpp)
+target_include_directories(test_host PRIVATE ${PROJECT_SOURCE_DIR}/host)
+target_compile_definitions(test_host PRIVATE PN10_PROGRAM="$<TARGET_FILE:pn10>")
+add_dependencies(test_host pn10)
+# A plain program can't load a library that was built with a sanitizer.
+if(NOT PN10_SANITIZE)
+  add_test(NAME docs.host_guide_compiles_and_runs
+    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/host/guide.sh ${CMAKE_BINARY_DIR}/src ${CMAKE_CURRENT_BINARY_DIR}/guide ${PROJECT_SOURCE_DIR})
+endif()

@@ -1,0 +1,182 @@
+/** The subcommands that look at a model, with good words and bad ones. */
+#include "host/run.h"
+
+namespace {
+
+using namespace pn10::test;
+
+/** A town of 300 pipes, made once for all tests that only read it. */
+class Town : public testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    dir = new TempDir;
+    EXPECT_EQ(run({"sample", dir->path("t"), "--pipes", "300"}).code, 0);
+  }
+  static void TearDownTestSuite() { delete dir; }
+  static std::string base() { return dir->path("t/town"); }
+  static TempDir* dir;
+};
+TempDir* Town::dir = nullptr;
+
+using Info = Town;
+using Fields = Town;
+using Find = Town;
+using Render = Town;
+using Trace = Town;
+
+void expectUsage(const Result& r, const std::string& part) {
+  EXPECT_EQ(r.code, 2);
+  EXPECT_TRUE(contains(r.err, part)) << r.err;
+  EXPECT_TRUE(contains(r.err, "--help")) << r.err;
+}
+
+void expectFailure(const Result& r, const std::string& part) {
+  EXPECT_EQ(r.code, 1);
+  EXPECT_TRUE(contains(r.err, part)) << r.err;
+}
+
+std::string nameOf(const std::string& base, int record) {
+  const std::string json = run({"fields", base, "node", std::to_string(record), "--json"}).out;
+  const std::string key = "\"name\":\"NODENAME\",\"text\":\"";
+  const size_t at = json.find(key) + key.size();
+  return json.substr(at, json.find('"', at) - at);
+}
+
+TEST(Pn10, no_words_show_the_commands_and_count_as_wrong_use) {
+  const Result r = run({});
+  EXPECT_EQ(r.code, 2);
+  EXPECT_TRUE(contains(r.out, "Exit codes: 0 done, 1 failed, 2 wrong words"));
+}
+
+TEST(Pn10, wrong_words_end_with_2_and_name_the_word) {
+  expectUsage(run({"paint"}), "'paint'");
+  expectUsage(run({"info"}), "too few");
+  expectUsage(run({"info", "a", "b"}), "too many arguments: b");
+  expectUsage(run({"info", "a", "--colour"}), "--colour");
+  expectUsage(run({"info", "a", "--json=1"}), "takes no value");
+  expectUsage(run({"sample", "a", "--pipes"}), "--pipes needs N");
+}
+
+TEST(Pn10, every_file_command_fails_on_a_model_that_is_not_there_and_names_its_file) {
+  for (const std::string words : {"info M", "fields M node 1", "set M node 1 PRESSURE 1", "find M --node a",
+                                  "render M -o x.png", "trace M --type upstream --from a"}) {
+    expectFailure(shell("pn10 " + words, "/tmp"), "M.ndt");
+  }
+}
+
+TEST_F(Info, json_counts_what_the_sample_said) {
+  const Result r = run({"info", base(), "--json"});
+  EXPECT_EQ(r.code, 0);
+  EXPECT_EQ(numberBehind(r.out, "\"pipes\":{\"live\":") +
+                numberBehind(r.out.substr(r.out.find("\"pipes\":{")), "\"deleted\":"),
+            300);
+  EXPECT_TRUE(contains(r.out, "\"length\":\"Feet\"")) << r.out;
+  EXPECT_TRUE(contains(run({"info", base()}).out, "units: length Feet, pressure psig, flow cfh, diameter Inches"));
+}
+
+TEST_F(Info, a_header_of_another_program_is_named_with_its_cause) {
+  const TempDir copy;
+  EXPECT_EQ(shell("cp " + dir->path("t") + "/* .", copy.path("")).code, 0);
+  copy.write("town.hdr", "SOMETHING ELSE\n");
+  expectFailure(run({"info", copy.path("town")}), "town.hdr: is no header file of a model");
+  EXPECT_EQ(shell("rm town.hdr", copy.path("")).code, 0);
+  EXPECT_EQ(run({"info", copy.path("town")}).code, 0); /* a model without a header is whole */
+  EXPECT_EQ(shell("rm town.pdt", copy.path("")).code, 0);
+  expectFailure(run({"info", copy.path("town")}), "town.pdt: can't be opened");
+}
+
+TEST_F(Fields, every_kind_reads_with_names_and_units) {
+  const Result node = run({"fields", base(), "node", "1"}), pipe = run({"fields", base(), "pipe", "1", "--json"});
+  EXPECT_EQ(node.code, 0);
+  EXPECT_TRUE(contains(node.out, "450  psig")) << node.out; /* the supply */
+  EXPECT_TRUE(contains(pipe.out, "\"number\":9,\"name\":\"LENGTH\"")) << pipe.out;
+  EXPECT_EQ(run({"fields", base(), "customer", "1"}).code, 0);
+}
+
+TEST_F(Fields, wrong_kinds_and_records_are_told_apart) {
+  expectUsage(run({"fields", base(), "valve", "1"}), "'valve'");
+  expectUsage(run({"fields", base(), "node", "one"}), "'one'");
+  expectFailure(run({"fields", base(), "pipe", "0"}), "there is no pipe 0");
+  expectFailure(run({"fields", base(), "pipe", "301"}), "the last one is 300");
+}
+
+TEST(Set, stores_a_field_saves_and_keeps_the_files_before) {
+  const TempDir dir;
+  EXPECT_EQ(run({"sample", dir.path("t"), "--pipes", "200"}).code, 0);
+  const std::string base = dir.path("t/town"), before = dir.read("t/town.ndt");
+  EXPECT_EQ(run({"set", base, "node", "2", "PRESSURE", "58.5"}).code, 0);
+  EXPECT_EQ(dir.read("t/town.ndt.bak"), before);
+  EXPECT_TRUE(contains(run({"fields", base, "node", "2", "--json"}).out, "\"name\":\"PRESSURE\",\"value\":58.5"));
+  EXPECT_EQ(run({"set", base, "customer", "3", "422", "12 Nowhere St"}).code, 0);
+  EXPECT_TRUE(contains(run({"fields", base, "customer", "3"}).out, "\"12 Nowhere St\""));
+}
+
+TEST(Set, refuses_what_can_not_be_stored_and_leaves_the_files_alone) {
+  const TempDir dir;
+  EXPECT_EQ(run({"sample", dir.path("t"), "--pipes", "200"}).code, 0);
+  const std::string base = dir.path("t/town"), before = dir.read("t/town.ndt");
+  expectUsage(run({"set", base, "node", "2", "PRESURE", "1"}), "'PRESURE'");
+  expectUsage(run({"set", base, "node", "2", "PRESSURE", "much"}), "'much'");
+  expectFailure(run({"set", base, "node", "2", "BALANCE", "3"}), "BALANCE can't be stored");
+  expectFailure(run({"set", base, "node", "100000", "PRESSURE", "3"}), "there is no node 100000");
+  EXPECT_EQ(dir.read("t/town.ndt"), before);
+  EXPECT_FALSE(dir.exists("t/town.ndt.bak"));
+}
+
+TEST_F(Find, finds_by_name_by_id_and_by_place) {
+  const std::string name = nameOf(base(), 20);
+  EXPECT_TRUE(contains(run({"find", base(), "--node", name, "--json"}).out, "\"record\":20"));
+  EXPECT_TRUE(contains(run({"find", base(), "--pipe", "17", "--json"}).out, "\"id\":17"));
+  const std::string json = run({"fields", base(), "node", "20", "--json"}).out;
+  const std::string x = std::to_string(numberBehind(json, "\"X_COORD\",\"value\":")),
+                    y = std::to_string(numberBehind(json, "\"Y_COORD\",\"value\":"));
+  EXPECT_TRUE(contains(run({"find", base(), "--at", x + "," + y, "--json"}).out, "\"record\":20"));
+}
+
+TEST_F(Find, nothing_found_is_a_failure_and_no_question_a_wrong_use) {
+  EXPECT_EQ(run({"find", base(), "--node", "Nowhere St"}).code, 1);
+  EXPECT_EQ(run({"find", base(), "--at", "0,0"}).code, 1);
+  expectUsage(run({"find", base()}), "--node");
+  expectUsage(run({"find", base(), "--at", "3"}), "2 numbers");
+}
+
+TEST_F(Render, writes_each_kind_of_picture) {
+  const TempDir out;
+  const struct { const char *file, *begin; } kinds[] = {{"a.png", "\x89PNG"}, {"a.pdf", "%PDF"}, {"a.svg", "<svg"}};
+  for (const auto& kind : kinds) {
+    EXPECT_EQ(run({"render", base(), "-o", out.path(kind.file), "--size", "300,200"}).code, 0);
+    EXPECT_EQ(out.read(kind.file).substr(0, 4), std::string(kind.begin).substr(0, 4));
+  }
+}
+
+TEST_F(Render, the_same_map_has_the_same_bytes) {
+  const TempDir out;
+  for (const char* file : {"a.png", "b.png"})
+    run({"render", base(), "-o", out.path(file), "--size", "400,300", "--view", "iso"});
+  EXPECT_FALSE(out.read("a.png").empty());
+  EXPECT_EQ(out.read("a.png"), out.read("b.png"));
+}
+
+TEST_F(Render, bad_targets_and_options_are_refused) {
+  expectUsage(run({"render", base()}), "-o");
+  expectUsage(run({"render", base(), "-o", "a.png", "--size", "300"}), "--size");
+  expectUsage(run({"render", base(), "-o", "a.png", "--window", "1,2,3"}), "--window");
+  expectUsage(run({"render", base(), "-o", "a.png", "--view", "fish"}), "--view");
+  expectFailure(run({"render", base(), "-o", "/nowhere/a.png"}), "/nowhere/a.png");
+  EXPECT_NE(run({"render", base(), "-o", "a.gif"}).code, 0);
+}
+
+TEST_F(Trace, follows_the_network_and_paints_it) {
+  const TempDir out;
+  const Result r =
+      run({"trace", base(), "--type", "downstream", "--from", nameOf(base(), 1), "-o", out.path("t.png"), "--json"});
+  EXPECT_EQ(r.code, 0) << r.err;
+  EXPECT_EQ(out.read("t.png").substr(0, 4), "\x89PNG");
+}
+
+TEST_F(Trace, wrong_types_and_places_are_refused) {
+  expectUsage(run({"trace", base(), "--type", "sideways", "--from", "a"}), "upstream");
+  expectFailure(run({"trace", base(), "--type", "upstream", "--from", "Nowhere St"}), "'Nowhere St'");
+}
+
+}  // namespace
