@@ -42,7 +42,9 @@ class NodePass {
         sizeZero_(showNodes < 0),
         showLabels_(showLabels),
         smallest_(5 / drawState.ScaleX),
-        placeFirst_(drawState.DefaultNodeSize * 1.5 >= smallest_),
+        placeFirst_(drawState.DefaultNodeSize * 1.5f >= smallest_),
+        hideDefaults_(!recolour && !onPaper() && !drawState.View->SymbolsAllZoom && !placeFirst_ &&
+                      !(drawState.DefaultNodeSize >= smallest_)),
         sizeFactor_(sizeFactor) {
     tools_.solid(drawState.View->NodeColor);
   }
@@ -52,6 +54,7 @@ class NodePass {
     const Ndt& n = model.ndt[node];
     NXY& screen = model.nxy[node];
     double x, y;
+    if (hideDefaults_ && n.SYM_SIZE == 0 && n.FLAG_TYPE == 0) return false;
     if (!recolour_ && (!screen.Drawn || (placeFirst_ && !inView(n, &x, &y)))) return false;
     if (n.REC_STATUS < 0) return false;
     if (recolour_) screen.Color = nodeColor(n);
@@ -128,6 +131,7 @@ class NodePass {
   bool clearing_, recolour_, mono_, showSymbols_, sizeZero_, showLabels_;
   double smallest_; /* symbols under five dots are only a cost */
   bool placeFirst_;
+  bool hideDefaults_; /* nodes of the default size are too small, valves too */
   float sizeFactor_;
 };
 

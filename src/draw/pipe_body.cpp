@@ -99,7 +99,7 @@ bool PipeBody::paintArc() {
 bool PipeBody::paintStraight() {
   if (endsOutside()) return false;
   usePen();
-  const bool visible = DrawClipLine(style_.clip, x1, y1, x2, y2) != 0;
+  const bool visible = ClipPath(style_.clip, x1, y1).lineTo(x2, y2);
   arrow(x1, y1, x2, y2);  // its barbs may reach into the window where the line does not
   return visible;
 }
@@ -118,6 +118,7 @@ bool PipeBody::paintPolyline(bool clearing) {
   }
   usePen();
   if (style_.showMarks) useBrush();
+  const bool watchVertices = clearing || style_.showMarks || screen_.HILITE;
   bool painted = false;
   ClipPath path(style_.clip, x1, y1);
   double fromX = x1, fromY = y1;
@@ -125,8 +126,8 @@ bool PipeBody::paintPolyline(bool clearing) {
     double x = x2, y = y2;
     if (v <= last) mapVertex(model.vtx[v], &x, &y);
     const bool visible = path.lineTo(x, y);
-    if (visible && (!style_.arrowsAtMid || v == midVertex)) arrow(fromX, fromY, x, y);
-    if (v <= last) paintVertex(model.vtx[v], x, y, visible, clearing);
+    if (style_.showArrows && visible && (!style_.arrowsAtMid || v == midVertex)) arrow(fromX, fromY, x, y);
+    if (v <= last && (watchVertices || model.vtx[v].VTX_HILITE)) paintVertex(model.vtx[v], x, y, visible, clearing);
     painted = painted || visible;
     fromX = x;
     fromY = y;

@@ -16,6 +16,12 @@ struct PipeStyle {
   bool clip, showDevices, showArrows, arrowsAtMid, showMarks;
   float markSize;
   double left, bottom, right, top; /* what a body beyond one of these has nothing to show of; see reachOfBodies */
+
+  /** True when two ends lie so far beyond the same side of the window that nothing between them reaches into it. */
+  bool endsOutside(double x1, double y1, double x2, double y2) const {
+    return (x1 < left && x2 < left) || (x1 > right && x2 > right) || (y1 < bottom && y2 < bottom) ||
+           (y1 > top && y2 > top);
+  }
 };
 
 class PipeBody {
@@ -33,11 +39,7 @@ class PipeBody {
   }
   /** Paints line, symbols and arrows; false when all of it lies outside the window. */
   bool paint(bool clearing);
-  /** With clipping, true when both ends lie so far beyond the same side of the window that nothing reaches into it. */
-  bool endsOutside() const {
-    return (x1 < style_.left && x2 < style_.left) || (x1 > style_.right && x2 > style_.right) ||
-           (y1 < style_.bottom && y2 < style_.bottom) || (y1 > style_.top && y2 > style_.top);
-  }
+  bool endsOutside() const { return style_.endsOutside(x1, y1, x2, y2); }
   /** The pipe's own pen. */
   void usePen() const { style_.pen->lineStyle(screen_.LineType, width, color); }
 

@@ -8,10 +8,9 @@ namespace pn10 {
 
 /** Truncates toward zero; values beyond int32 are held at its limits, NaN gives 0. */
 constexpr int32_t toInt32(double value) {
-  if (!(value == value)) return 0;
-  if (value >= 2147483647.0) return INT32_MAX;
-  if (value <= -2147483648.0) return INT32_MIN;
-  return static_cast<int32_t>(value);
+  if (value > -2147483649.0 && value < 2147483648.0) return static_cast<int32_t>(value);
+  if (value > 0) return INT32_MAX;
+  return value < 0 ? INT32_MIN : 0;
 }
 
 /** Truncates toward zero to 32 bits and keeps the low 16 with sign, as the setters store short members. */

@@ -15,23 +15,24 @@ namespace pn10 {
 /** How many records ahead: far enough for a line to arrive, near enough for it to stay. */
 constexpr int32_t kPipesAhead = 32, kEndsAhead = 16, kNodesAhead = 32;
 
-/** Calls for pipe `p` of a walk up to `top`: its record's lines, and the places of the end nodes of a nearer pipe. */
-[[gnu::always_inline]] inline void prefetchPipes(int32_t p, int32_t top) {
+/**
+ * Calls for pipe `p` of a walk up to `top`: its record's lines, and the places of the end nodes of a nearer pipe. The
+ * line of its shape is worth its way only while pipes are painted; far ones are rejected without.
+ */
+[[gnu::always_inline]] inline void prefetchPipes(int32_t p, int32_t top, bool shape) {
   if (top - p < kPipesAhead) return;
   const Pdt& later = model.pdt[p + kPipesAhead];
   __builtin_prefetch(&later.FROM_NODE);
-  __builtin_prefetch(&later.VTX_MODE);
+  if (shape) __builtin_prefetch(&later.VTX_MODE);
   __builtin_prefetch(&later.REC_STATUS);
   const Pdt& soon = model.pdt[p + kEndsAhead];
-  for (int32_t node : {soon.FROM_NODE, soon.TO_NODE}) {
-    if (hasNodeSlot(node)) __builtin_prefetch(&model.ndt[node].X_COORD);
-  }
+  const auto from = static_cast<uint32_t>(soon.FROM_NODE), to = static_cast<uint32_t>(soon.TO_NODE);
+  const auto slots = static_cast<uint32_t>(model.ndtSlots);
+  if (from < slots) __builtin_prefetch(&model.ndt[from].X_COORD);
+  if (to < slots) __builtin_prefetch(&model.ndt[to].X_COORD);
 }
 
-/**
- * The lines that decide about a node: by its place, or by its size and type, whose members lie near a boundary and
- * may be two lines.
- */
+/** The lines that decide about a node: by its place, or by its size and flag, which may lie on two lines. */
 [[gnu::always_inline]] inline void prefetchNodes(int32_t n, int32_t top, bool byPlace) {
   if (top - n < kNodesAhead) return;
   const Ndt& later = model.ndt[n + kNodesAhead];
@@ -40,7 +41,7 @@ constexpr int32_t kPipesAhead = 32, kEndsAhead = 16, kNodesAhead = 32;
     return;
   }
   __builtin_prefetch(&later.SYM_SIZE);
-  __builtin_prefetch(&later.HYD_TYPE);
+  __builtin_prefetch(&later.FLAG_TYPE);
 }
 
 }  // namespace pn10
