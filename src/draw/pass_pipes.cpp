@@ -82,8 +82,7 @@ bool PipePass::isPlain(const Pdt& p, const PXY& screen) const {
   return plain && p.HYD_TYPE == 0 && !screen.HILITE && !(showFlags && p.FLAG_BYTE) && !(screen.LAST_VTX != 0 && grips);
 }
 
-/** The short way of most pipes of a large network: the same operations as of PipeBody, without what is not asked for.
- */
+/** The short way of most pipes of a large network: the operations of PipeBody, asking for nothing that is not shown. */
 bool PipePass::paintPlain(const Pdt& p, const PXY& screen, PipeBody& body) const {
   const bool run = p.VTX_MODE == 4 && screen.FIRST_VTX >= 1;
   if (p.VTX_MODE == 1 || p.VTX_MODE == 2 || (screen.LAST_VTX != 0 && body.endsOutside())) {

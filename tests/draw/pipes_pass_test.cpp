@@ -127,6 +127,24 @@ TEST_F(PipePass, a_pipe_outside_the_window_costs_no_operation) {
   EXPECT_EQ(count(ops({"MoveToEx"}), "MoveToEx"), 5);
 }
 
+TEST_F(PipePass, plain_pipes_take_the_same_operations_by_the_short_way) {
+  for (int i = 0; i < 60; i++) {
+    const double x = (i * 37) % 140 - 20, y = (i * 53) % 140 - 20;
+    const int32_t pipe = add(x, y, x + 9, y + i % 7).ID;
+    if (i % 3) addRun(pipe, {{x + 2, y + 3}, {x + 5, y - 30}});
+    model.pdt[pipe].VTX_MODE = static_cast<uint8_t>(i % 5);
+    model.pxy[pipe].LineWidth = static_cast<int16_t>(1 + i % 4);
+  }
+  for (const int32_t clip : {1, 0}) {
+    picture.plot.ClipOn = clip;
+    picture.view.PipeLabelMask = 0;
+    const std::string shortWay = picture.paint();
+    picture.view.PipeLabelMask = 1;  // labels on, and no pipe that has one
+    EXPECT_EQ(shortWay, picture.paint());
+    EXPECT_GT(count(shortWay, "LineTo"), 60);
+  }
+}
+
 TEST_F(PipePass, a_crossing_pipe_is_cut_at_the_window) {
   add(50, 50, 150, 50);
   EXPECT_EQ(lines(), "MoveToEx 500 500\nLineTo 1000 500\n");
