@@ -77,7 +77,7 @@ FieldName parseField(Kind kind, const std::string& word) {
 }
 
 double number(Kind kind, int32_t record, int16_t field) {
-  char spare[512] = "";
+  static char spare[512];
   return callsOf(kind).get(record, spare, field);
 }
 
