@@ -6,4 +6,6 @@ typedef char NdtKeepsItsSize[sizeof(Ndt) == 240 ? 1 : -1];
 typedef char PdtKeepsItsSize[sizeof(Pdt) == 296 ? 1 : -1];
 typedef char ViewOptsKeepsItsSize[sizeof(ViewOpts) == 512 ? 1 : -1];
 
-int headerCompilesAsC(void) { return (int)(sizeof(NdtKeepsItsSize) + sizeof(PdtKeepsItsSize) + sizeof(ViewOptsKeepsItsSize)); }
+int headerCompilesAsC(void) {
+  return (int)(sizeof(NdtKeepsItsSize) + sizeof(PdtKeepsItsSize) + sizeof(ViewOptsKeepsItsSize));
+}
