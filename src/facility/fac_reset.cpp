@@ -8,8 +8,8 @@
 #include "exports/pn10gdi.h"
 #include "facility/fac_flags.h"
 #include "facility/facility.h"
-#include "model/memory.h"
 #include "model/tables.h"
+#include "platform/memory.h"
 
 namespace pn10 {
 namespace {

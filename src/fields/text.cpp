@@ -5,15 +5,7 @@
 
 #include "exports/pn10gdi.h"
 
-namespace {
-
-/** The length of the first `length` bytes without the white space at their end. */
-size_t trimmedLength(const char* text, size_t length) {
-  while (length > 0 && pn10::isSpace(text[length - 1])) length--;
-  return length;
-}
-
-}  // namespace
+using pn10::trimmedLength;
 
 int32_t StrUpper(char* text) {
   if (!text) return 0;

@@ -10,6 +10,12 @@ namespace pn10 {
 constexpr char upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 constexpr bool isSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
+/** The length of the first `length` bytes without the white space at their end. */
+constexpr size_t trimmedLength(const char* text, size_t length) {
+  while (length > 0 && isSpace(text[length - 1])) length--;
+  return length;
+}
+
 /** Upper-cases `from` into a buffer of N bytes, cut to N - 1 and terminated; null counts as empty. Returns the length.
  */
 template <size_t N>

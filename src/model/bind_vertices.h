@@ -11,8 +11,8 @@
 
 #include <cstdint>
 
-#include "model/memory.h"
 #include "model/staging.h"
+#include "platform/memory.h"
 
 namespace pn10 {
 

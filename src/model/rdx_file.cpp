@@ -35,10 +35,7 @@ struct Key {
   size_t length;
 };
 
-Key keyOf(const char* text, size_t length) {
-  while (length > 0 && isSpace(text[length - 1])) length--;
-  return {text, length};
-}
+Key keyOf(const char* text, size_t length) { return {text, trimmedLength(text, length)}; }
 Key keyOf(const char* text) { return keyOf(text, std::strlen(text)); }
 Key keyOf(const Rdx& row) { return keyOf(row.KEY_TEXT, strnlen(row.KEY_TEXT, sizeof row.KEY_TEXT - 1)); }
 

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "model/memory.h"
+#include "platform/memory.h"
 
 namespace pn10 {
 

@@ -2,8 +2,8 @@
 #ifndef PN10_NETWORK_TRACE_GRAPH_H
 #define PN10_NETWORK_TRACE_GRAPH_H
 
-#include "model/memory.h"
 #include "model/tables.h"
+#include "platform/memory.h"
 
 namespace pn10 {
 

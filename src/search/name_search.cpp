@@ -20,7 +20,7 @@ int32_t FindPipeByLinkID(const char* upperText, int32_t startPipe, int16_t parti
   const WaitCursor wait;
   const char* text = upperText ? upperText : "";
   char trimmed[128];
-  const int32_t length = trimmedLength(text, sizeof trimmed - 1);
+  const int32_t length = trimmedField(text, sizeof trimmed - 1);
   // The comparison is over the trimmed length; a partial search looks for the text as it stands.
   std::memcpy(trimmed, text, static_cast<size_t>(length));
   trimmed[length] = 0;

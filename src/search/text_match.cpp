@@ -18,7 +18,7 @@ TextMatch::TextMatch(const char* text, int32_t length, bool partial)
 
 bool TextMatch::compare(const char* field, int32_t width) const {
   char name[kLongestField + 1];
-  const int32_t n = trimmedLength(field, width < kLongestField ? width : kLongestField);
+  const int32_t n = trimmedField(field, width < kLongestField ? width : kLongestField);
   for (int32_t i = 0; i < n; i++) name[i] = upper(field[i]);
   name[n] = 0;
   if (!partial_) return n == length_ && name[0] == first_ && std::strncmp(name, text_, static_cast<size_t>(n)) == 0;

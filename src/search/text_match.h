@@ -15,11 +15,10 @@
 namespace pn10 {
 
 /** Length of a field of at most `width` bytes without the white space at its end. */
-constexpr int32_t trimmedLength(const char* field, int32_t width) {
+constexpr int32_t trimmedField(const char* field, int32_t width) {
   int32_t n = 0;
   while (n < width && field[n]) n++;
-  while (n > 0 && isSpace(field[n - 1])) n--;
-  return n;
+  return static_cast<int32_t>(trimmedLength(field, static_cast<size_t>(n)));
 }
 
 /** A search text and how it is compared. */

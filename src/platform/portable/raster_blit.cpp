@@ -6,7 +6,7 @@
  */
 #include <cstring>
 
-#include "model/memory.h"
+#include "platform/memory.h"
 #include "platform/portable/raster.h"
 
 namespace pn10::portable {

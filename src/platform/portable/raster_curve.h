@@ -2,7 +2,7 @@
 #ifndef PN10_PLATFORM_PORTABLE_RASTER_CURVE_H
 #define PN10_PLATFORM_PORTABLE_RASTER_CURVE_H
 
-#include "model/memory.h"
+#include "platform/memory.h"
 #include "platform/portable/raster.h"
 
 namespace pn10::portable {

@@ -4,7 +4,7 @@
  * A pixel is decided at its integer coordinates; left and top edges are in, right and bottom edges are out. Edges
  * step with whole numbers and a remainder, so every crossing is exact however long the edge is.
  */
-#include "model/memory.h"
+#include "platform/memory.h"
 #include "platform/portable/raster.h"
 
 namespace pn10::portable {

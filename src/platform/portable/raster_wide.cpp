@@ -6,7 +6,7 @@
  */
 #include <cmath>
 
-#include "model/memory.h"
+#include "platform/memory.h"
 #include "platform/portable/raster_ellipse.h"
 #include "platform/portable/raster_sheet.h"
 

@@ -1,6 +1,6 @@
 /** Buffers of one call: malloc memory that answers failure instead of throwing, freed on every way out. */
-#ifndef PN10_MODEL_MEMORY_H
-#define PN10_MODEL_MEMORY_H
+#ifndef PN10_PLATFORM_MEMORY_H
+#define PN10_PLATFORM_MEMORY_H
 
 #include <cstddef>
 #include <cstdlib>
