@@ -124,7 +124,8 @@ ViewOpts viewOptions(const MapOptions& o, double zoom, double displayHeight) {
   v.PipeTextColor = kPipeInk;
   v.DevicesOn = o.devices;
   v.DevicesUnlabelled = 0;
-  v.DeviceSize = scaled(std::clamp(160 * zoom, 110.0, 320.0));
+  // A share of the view: a positive size would be in map units for all shapes but the bow tie.
+  v.DeviceSize = -scaled(std::clamp(13 * zoom, 9.0, 27.0));
   v.ArrowsOn = o.arrows && zoom > 0.75;
   // An arrow below a hundredth of the picture's height is not drawn; this is just above.
   v.ArrowSize = static_cast<int32_t>(std::ceil(displayHeight * 0.0105 / 0.3));
@@ -271,6 +272,12 @@ void giveRoom(const MapOptions& o, const Mapping& map, const Sheet& sheet) {
   LabelRoom room(sheet.width, sheet.height, std::max(3, static_cast<int32_t>(em / 3)));
   for (int32_t p = 1; p <= recordCount(Kind::Pipe); p++) {
     if (!isDeleted(Kind::Pipe, p)) SetPdtVal(p, PDT_LABEL_ON, "", o.pipeLabels && pipeLabelFits(o, map, &room, p, em));
+  }
+  for (int32_t c = 1; o.customers && c <= recordCount(Kind::Customer); c++) {
+    if (isDeleted(Kind::Customer, c)) continue;
+    const Point at = map(number(Kind::Customer, c, CDT_X_COORD), number(Kind::Customer, c, CDT_Y_COORD),
+                         number(Kind::Customer, c, CDT_Z_COORD));
+    room.take(at.x - em / 3, at.y, 1, 0, em * 0.6, em * 0.6);
   }
   giveRoomToPoints(
       {Kind::Node, o.nodeLabels, o.nodeFields, NDT_X_COORD, NDT_Y_COORD, NDT_Z_COORD, NDT_LABEL_ON, slant, -slant}, map,
