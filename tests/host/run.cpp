@@ -23,7 +23,10 @@ std::string quoted(const std::string& word) {
 
 Result shell(const std::string& line, const std::string& folder) {
   const TempDir capture;
-  std::string command = "pn10() { " + quoted(PN10_PROGRAM) + " \"$@\"; }; ";
+  // Without a sanitizer in the program this says nothing to it.
+  std::string command =
+      "export LSAN_OPTIONS=print_suppressions=0:suppressions=" PN10_SOURCE_DIR "/tests/host/known_leaks.txt; ";
+  command += "pn10() { " + quoted(PN10_PROGRAM) + " \"$@\"; }; ";
   if (!folder.empty()) command += "cd " + quoted(folder) + " && ";
   command += "{ " + line + "; } >" + quoted(capture.path("out")) + " 2>" + quoted(capture.path("err")) + " </dev/null";
   const int status = std::system(command.c_str());

@@ -182,7 +182,6 @@ TEST_F(EveryAllocation, of_a_trace) {
   before();
   failAllocation(1);
   EXPECT_EQ(CalcSystemTrace(1, 0, 0, 1, pipes.data(), 0), -1);
-  before();
   freeAll();
 }
 
