@@ -10,7 +10,7 @@ cmake --install "$build" --prefix "$work/prefix" >/dev/null
 sed -n '/^```cpp$/,/^```$/p' "$source/README.md" | sed '/^```/d' >"$work/host.cpp"
 [ -s "$work/host.cpp" ] || { echo "no host program in README.md"; exit 1; }
 
-cmake -S "$source/tests/consumer" -B "$work/build" -DCMAKE_PREFIX_PATH="$work/prefix" -DHOST_SOURCE="$work/host.cpp" >/dev/null
+cmake -G Ninja -S "$source/tests/consumer" -B "$work/build" -DCMAKE_PREFIX_PATH="$work/prefix" -DHOST_SOURCE="$work/host.cpp" >/dev/null
 cmake --build "$work/build" >/dev/null
 (cd "$work" && rm -f map.png && ./build/consumer && [ -s map.png ])
 

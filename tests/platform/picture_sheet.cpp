@@ -115,18 +115,20 @@ bool hasProgram(const char* name) {
   return std::system(("command -v " + std::string(name) + " >/dev/null").c_str()) == 0;
 }
 
-std::string sharpPng() {
-  const std::string path = out(".png");
+/** The sheet with the pixels of GDI; a file of its own each time, since the tests may run at the same moment. */
+Image sharpSheet(const std::string& path = "") {
+  const TempDir dir;
+  if (path.empty()) return sharpSheet(dir.path("sheet.png"));
   HDC dc = PnCreateImageDC(kSheetWidth, kSheetHeight, kSheetDpi, 0xFFFFFF);
   paintSheet(dc);
   EXPECT_EQ(PnSavePng(dc, path.c_str()), 1);
   PnDeleteDC(dc);
-  return path;
+  return Image(path);
 }
 
 TEST(PictureSheet, of_an_image_has_its_colours_where_they_belong) {
   const int32_t objects = PnGetObjectCount();
-  expectProbes(Image(sharpPng()), 0);
+  expectProbes(sharpSheet(out(".png")), 0);
   EXPECT_EQ(PnGetObjectCount(), objects);
 }
 
@@ -138,7 +140,7 @@ TEST(PictureSheet, with_smooth_lines_is_the_same_picture) {
   PnDeleteDC(dc);
   const Image smooth(out("_smooth.png"));
   expectProbes(smooth, 2);
-  EXPECT_GT(alike(smooth, Image(sharpPng())), 0.97);
+  EXPECT_GT(alike(smooth, sharpSheet()), 0.97);
 }
 
 TEST(PictureSheet, as_pdf_reads_back_as_the_same_picture) {
@@ -153,7 +155,7 @@ TEST(PictureSheet, as_pdf_reads_back_as_the_same_picture) {
   ASSERT_EQ(std::system(("pdftoppm -singlefile -png -r 100 '" + path + "' '" + back + "'").c_str()), 0);
   const Image page(back + ".png");
   expectProbes(page, 3);
-  EXPECT_GT(alike(page, Image(sharpPng())), 0.95);
+  EXPECT_GT(alike(page, sharpSheet()), 0.95);
 }
 
 TEST(PictureSheet, as_svg_reads_back_as_the_same_picture) {
@@ -170,7 +172,7 @@ TEST(PictureSheet, as_svg_reads_back_as_the_same_picture) {
   ASSERT_EQ(std::system(("rsvg-convert -d 100 -p 100 -o '" + back + "' '" + path + "'").c_str()), 0);
   const Image page(back);
   expectProbes(page, 3);
-  EXPECT_GT(alike(page, Image(sharpPng())), 0.95);
+  EXPECT_GT(alike(page, sharpSheet()), 0.95);
 }
 
 }  // namespace
