@@ -143,12 +143,17 @@ void SystemTrace::recordCustomers(int32_t pipe) {
   if (file && wanted != 0) std::fputs("0\n", file);
 }
 
+/** Counts of hostile files may exceed 32 bits. */
+int32_t wrappingSum(int32_t a, int32_t b) {
+  return static_cast<int32_t>(static_cast<uint32_t>(a) + static_cast<uint32_t>(b));
+}
+
 /** One element found: the summary and the files. */
 void SystemTrace::record(int32_t pipe, bool regulatorsOnly) {
   const Pdt& element = model.pdt[pipe];
   auto& summary = output_.summary;
   summary.pipes++;
-  summary.customers += element.CUST_COUNT;
+  summary.customers = wrappingSum(summary.customers, element.CUST_COUNT);
   if (element.HYD_TYPE == 1 || (!regulatorsOnly && (element.HYD_TYPE == 2 || element.HYD_TYPE == 3))) summary.devices++;
   if (isOff(element)) summary.off++;
   if (FILE* file = output_.file(kTracePip)) std::fprintf(file, "%i\n", pipe);
@@ -166,9 +171,13 @@ Next SystemTrace::expandFlow(int32_t node) {
   const auto follow = [&](const TraceEdge& edge) {
     pipeMarked_[static_cast<size_t>(edge.pipe)] = 1;
     cross(edge, true);
-    record(edge.pipe, false);
+    if (!isVisited(edge)) record(edge.pipe, false);
     visit(edge);
   };
+  // The candidates of a node are known before the first is crossed: a pipe from the node to itself is two of them.
+  // Kept.
+  const TraceEdge* candidates[TraceGraph::kMostPipes];
+  int32_t candidateCount = 0;
   const TraceEdge* largest = nullptr;
   double most = 0;
   for (const TraceEdge& edge : graph_.at(node)) {
@@ -181,12 +190,13 @@ Next SystemTrace::expandFlow(int32_t node) {
     const float flow = flowFrom(pipe, node);
     if (!(rule_.withFlow ? flow > 0 : flow < 0)) continue;
     if (!rule_.largestOnly) {
-      follow(edge);
+      candidates[candidateCount++] = &edge;
     } else if (const double size = std::fabs(static_cast<double>(pipe.Q_FACTOR) * pipe.FLOW); size > most) {
       most = size;
       largest = &edge;
     }
   }
+  for (int32_t i = 0; i < candidateCount; i++) follow(*candidates[i]);
   if (!largest) return Next::Node;
   follow(*largest);
   const uint8_t type = model.pdt[largest->pipe].HYD_TYPE;

@@ -71,10 +71,14 @@ struct Nearest {
   double best = kFarAway;
   int32_t pipe = 0;
 
-  /** A box that no winner lies outside of: the projection stays on the piece, but for the rounding of its bearing. */
+  /**
+   * A box that no winner lies outside of: the projection stays on the piece, but for the rounding of its bearing (the
+   * thousandth of the piece) and of coordinates of this size.
+   */
   bool mayWin(PlanePoint a, PlanePoint b) const {
-    const double size = std::fabs(a.x - b.x) + std::fabs(a.y - b.y);
-    return inBox(point, a, b, std::min(tolerance, best) + 0.001 * size);
+    const double size = std::fabs(a.x - b.x) + std::fabs(a.y - b.y), reach = std::min(tolerance, best);
+    const double rounding = 1e-12 * (std::fabs(point.x) + std::fabs(point.y) + reach);
+    return inBox(point, a, b, reach + rounding + 0.001 * size);
   }
   void take(PlanePoint candidate, int32_t p) {
     const double d = distance(point, candidate);

@@ -28,7 +28,8 @@ bool mayBeWithin(PlanePoint p, PlanePoint a, PlanePoint b, double best) {
   // The distance from the middle of the box against half its size, both doubled.
   const double width = std::fabs(a.x - b.x), height = std::fabs(a.y - b.y);
   const double margin = 2 * best + 0.04 * (width + height);
-  return std::fabs(2 * p.x - a.x - b.x) <= width + margin && std::fabs(2 * p.y - a.y - b.y) <= height + margin;
+  // Asked this way round, an end that is no number leaves the pipe to the full test: its other end may be near.
+  return !(std::fabs(2 * p.x - a.x - b.x) > width + margin || std::fabs(2 * p.y - a.y - b.y) > height + margin);
 }
 
 double segmentDistance(PlanePoint a, PlanePoint b, PlanePoint p) {

@@ -2,6 +2,7 @@
 #ifndef PN10_SEARCH_PLANE_H
 #define PN10_SEARCH_PLANE_H
 
+#include <algorithm>
 #include <cmath>
 
 #include "geometry/isometric.h"
@@ -36,8 +37,8 @@ struct VertexRun {
   int32_t first, last;
 };
 inline VertexRun runOf(const PXY& screen) {
-  if (screen.FIRST_VTX <= 0 || screen.LAST_VTX < screen.FIRST_VTX || screen.LAST_VTX >= model.vtxSlots) return {1, 0};
-  return {screen.FIRST_VTX, screen.LAST_VTX};
+  if (screen.FIRST_VTX <= 0 || screen.FIRST_VTX >= model.vtxSlots) return {1, 0};
+  return {screen.FIRST_VTX, std::min(screen.LAST_VTX, model.vtxSlots - 1)};
 }
 
 }  // namespace pn10

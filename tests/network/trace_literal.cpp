@@ -188,7 +188,7 @@ int32_t LiteralTrace::run(int32_t startNode, int32_t stopNode, int32_t startPipe
         pass = false;
       }
     }
-    int32_t best = 0;
+    std::vector<int32_t> candidates;  // places in the adjacency
     double bestSize = 0;
     for (int32_t i = 1; i <= adjCount[static_cast<size_t>(n)]; i++) {
       const int32_t p = adjPipe[static_cast<size_t>(slot(i, n))], far = adjFar[static_cast<size_t>(slot(i, n))];
@@ -206,16 +206,10 @@ int32_t LiteralTrace::run(int32_t startNode, int32_t stopNode, int32_t startPipe
         if (withFlow ? v <= 0 : v >= 0) continue;
         if (largestOnly) {
           const double size = std::fabs(static_cast<double>(pipe.Q_FACTOR) * static_cast<double>(pipe.FLOW));
-          if (size > bestSize) bestSize = size, best = i;
-          continue;
+          if (size > bestSize) bestSize = size, candidates = {i};
+        } else {
+          candidates.push_back(i);
         }
-        countAndMark(p);
-        pipeMarked[static_cast<size_t>(p)] = 1;
-        colorPipe(p);
-        if (!fileMode) list.push_back(p);
-        enqueue(far);
-        found(p, false);
-        visited = 1;
       } else if (t == 2) {
         if (!deleted && !off && report) {
           countAndMark(p);
@@ -257,14 +251,14 @@ int32_t LiteralTrace::run(int32_t startNode, int32_t stopNode, int32_t startPipe
         visited = 1;
       }
     }
-    if (best) {
-      const int32_t p = adjPipe[static_cast<size_t>(slot(best, n))], far = adjFar[static_cast<size_t>(slot(best, n))];
+    for (int32_t i : candidates) {
+      const int32_t p = adjPipe[static_cast<size_t>(slot(i, n))], far = adjFar[static_cast<size_t>(slot(i, n))];
       countAndMark(p);
       pipeMarked[static_cast<size_t>(p)] = 1;
       colorPipe(p);
       if (!fileMode) list.push_back(p);
       enqueue(far);
-      found(p, false);
+      if (!pipeVisited[static_cast<size_t>(p)]) found(p, false);
       pipeVisited[static_cast<size_t>(p)] = 1;
       const int h = pdt[static_cast<size_t>(p)].HYD_TYPE;
       if (t == 8 && (h == 1 || h == 2)) ended = true;

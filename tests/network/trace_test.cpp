@@ -266,6 +266,15 @@ TEST_F(SystemTrace, customers_of_a_pipe_with_a_stale_count) {
   EXPECT_EQ(model.cxy[4].Color, 9);
 }
 
+TEST_F(SystemTrace, a_pipe_from_a_node_to_itself_is_two_candidates_and_one_element) {
+  makeRow(3);
+  put(2, 2, 2);
+  EXPECT_EQ(trace({.type = 1}, 1), 3) << "pipe 1 once, pipe 2 at both of its ends";
+  EXPECT_EQ(file("trace.pip"), "1\n2\n");
+  EXPECT_EQ(trace({.type = 6}, 1), 2) << "the first of the two is the largest";
+  EXPECT_EQ(trace({.type = 2}, 1), 2);
+}
+
 TEST_F(SystemTrace, the_write_files_switch_rules_all_selectors) {
   makeRow(2);
   EXPECT_EQ(trace({.type = 2, .writeFiles = 0}, 1), 1);

@@ -239,6 +239,21 @@ TEST_F(NodeSearch, deleted_nodes_are_found_by_no_search) {
             0);
 }
 
+TEST_F(NodeSearch, a_node_kept_out_of_hit_tests_is_found_by_name_and_id_alone) {
+  const View view(1000, 1.0, 1000, 0);
+  makeEmptyTables(1, 0, 0, 0);
+  model.nxy[1].Drawn = -2;
+  model.ndt[1].ID = 5;
+  std::strcpy(model.ndt[1].NODENAME, "A");
+  int32_t a, b;
+  FindNodeFuzzy2x(0, 0, 0, 0, 9, &a, &b);
+  EXPECT_EQ(FindNodeClose(0, 0, 0) + FindNodeSnap(0, 0, 0, 9, 0) + FindNodeSnapPix(0, 0, 9) + FindNodeFuzzy(0, 0, 9) +
+                FindNodeFuzzyRno(0, 9) + a + b,
+            0);
+  EXPECT_EQ(FindNodeByName("A", 1, 1, 0), 1);
+  EXPECT_EQ(FindNodeByID(5), 1);
+}
+
 TEST_F(NodeSearch, agrees_with_the_rules_written_out_on_random_networks) {
   int32_t found = 0;
   for (uint32_t seed = 1; seed <= 100; seed++) {
