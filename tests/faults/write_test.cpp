@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <functional>
 
-#include "file_limit.h"
+#include "support/file_limit.h"
 #include "platform/gdi.h"
 #include "support/model_builder.h"
 

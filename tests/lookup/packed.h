@@ -57,6 +57,13 @@ struct LutFiles {
   int32_t clut(const std::vector<Packed>& rows) { return ReadCLut(path(lutFile(kCLutStride, rows)).c_str()); }
 };
 
+/** A fresh process state, and files to load into it. */
+class LookupFiles : public testing::Test {
+ protected:
+  Fresh fresh;
+  LutFiles files;
+};
+
 /** Text buffer that a text field is read into. */
 struct Text {
   char bytes[300] = "?";
