@@ -45,9 +45,9 @@ Show showOf(int32_t passOn, int32_t single, float zoomLimit, Range& range) {
 }
 
 /** Device dots of a print size in thousandths of an inch, over the dots that the thing has; 1 over nothing. */
-double printFactor(int32_t printSize, double dots) {
+double printFactor(int32_t dpi, int32_t printSize, double dots) {
   if (dots == 0) return 1;
-  const double factor = double(drawState.Dpi) * printSize * 0.001 / dots;
+  const double factor = double(dpi) * printSize * 0.001 / dots;
   return drawState.Plot->Metric ? factor * kMillimetre : factor;
 }
 
@@ -62,14 +62,9 @@ void setPictureSizes(DrawState& s) {
   s.NodeLabelAngle = toFloat((90 - s.View->NodeLabelAngle * 0.1) * 0.017453292);
 }
 
-float symbolFactor(const DrawState& s) {
-  if (s.DevMode == 0) return 1;
-  return toFloat(reduced(printFactor(s.Plot->PrintNodeSize, std::fabs(s.ScaleY) * s.DefaultNodeSize)));
-}
-
 float lineFactor(const DrawState& s, int32_t penWidth) {
   if (s.DevMode == 0) return 1;
-  const double factor = printFactor(s.Plot->PrintLineWidth, penWidth);
+  const double factor = printFactor(s.Dpi, s.Plot->PrintLineWidth, penWidth);
   return toFloat(reduced(factor == 0 ? 1 : factor));
 }
 
@@ -77,6 +72,11 @@ float lineFactor(const DrawState& s, int32_t penWidth) {
 int16_t* flagOr(int16_t* flag, int16_t& spare) { return flag ? flag : &spare; }
 
 }  // namespace
+
+float pn10::SymbolPrintFactor(int32_t dpi, int32_t printSize, float defaultSize) {
+  if (drawState.DevMode == 0) return 1;
+  return toFloat(reduced(printFactor(dpi, printSize, std::fabs(drawState.ScaleY) * defaultSize)));
+}
 
 int32_t DrawPict(int32_t firstPipe, int32_t lastPipe, int32_t firstNode, int32_t lastNode, int32_t firstCust,
                  int32_t lastCust, int32_t firstText, int32_t lastText, int32_t firstUgd, int32_t lastUgd,
@@ -87,7 +87,7 @@ int32_t DrawPict(int32_t firstPipe, int32_t lastPipe, int32_t firstNode, int32_t
   setPictureSizes(s);
   const int16_t mono = s.Plot->Mono != 0;
   const int32_t paper = s.DevMode ? 0xFFFFFF : view.BackColor;
-  const float sizeFactor = symbolFactor(s);
+  const float sizeFactor = SymbolPrintFactor(s.Dpi, s.Plot->PrintNodeSize, s.DefaultNodeSize);
   const int32_t screenWidth = view.LineWidth > 97 ? 2 : view.LineWidth;
   const float penFactor = lineFactor(s, screenWidth);
   const int32_t penWidth = s.DevMode ? toInt32(double{penFactor} * screenWidth) : screenWidth;

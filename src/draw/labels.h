@@ -37,7 +37,7 @@ int32_t DrawCustLabel(int32_t cust, float symSize, int16_t clearHilite);
 
 /**
  * Numbers the segments of a vertex run between its joints, each at the middle of its longest piece. The ends are world
- * points. The number stands above the line, or below when label lines straddle it. Does nothing without a run.
+ * points. The number stands above the line, or below the label lines that straddle it. Does nothing without a run.
  */
 void DrawSegmentNumbers(int32_t firstVtx, int32_t lastVtx, double x1, double y1, double x2, double y2, int16_t custLine,
                         int32_t labelLines);

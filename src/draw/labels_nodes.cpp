@@ -24,10 +24,11 @@ struct Kind {
 };
 
 void paintStack(const Place& place, const Kind& kind, int16_t escapement, const LabelStack& stack, float symSize) {
-  if (stack.count == 0 && !kind.hilite) return;
+  const bool leader = kind.leader && kind.storedAnchor;  // without a line of text too: it ends at the anchor
+  if (stack.count == 0 && !kind.hilite && !leader) return;
   const BackgroundMode mode(drawState.DC, kind.transparent ? TRANSPARENT : OPAQUE);
   if (!turnLabelFont(escapement)) return;
-  if (kind.leader && kind.storedAnchor && stack.count > 0) {
+  if (leader) {
     paintLeader(kind.itemX, kind.itemY, 0.6 * symSize, place.x, place.y, place.stepX, place.stepY, stack.count);
   }
   double x = place.x, y = place.y;

@@ -1,4 +1,5 @@
 /** The labels of pipes: stacks that straddle the line, and the numbers of its segments. */
+#include <algorithm>
 #include <cmath>
 
 #include "draw/frame.h"
@@ -36,14 +37,17 @@ struct Run {
   double x1, y1, x2, y2, length;
 };
 
-void paintNumber(const Run& run, int32_t number, double textHeight, bool above) {
+/** A number stands above its run; with label lines, which straddle it, below the run and all of them. */
+void paintNumber(const Run& run, int32_t number, int32_t labelLines) {
   const double bearing = GetBrg(run.x1, run.y1, run.x2, run.y2);
   const int16_t escapement = tenthsOfDegree(static_cast<float>(bearing));
   const int16_t upright = uprightTenths(escapement, 910, 2712);
   const double reading = upright == escapement ? bearing : bearing - PI;
+  // Kept: the lines of pipes are the measure, on service lines too.
+  const double distance = (1.1 + std::max(labelLines - 2, 0)) * drawState.TextHeightP;
   double x, y;
-  GetXY((run.x1 + run.x2) * 0.5, (run.y1 + run.y2) * 0.5, above ? reading + HALF_PI : reading - HALF_PI,
-        1.1 * textHeight, &x, &y);
+  GetXY((run.x1 + run.x2) * 0.5, (run.y1 + run.y2) * 0.5, labelLines == 0 ? reading + HALF_PI : reading - HALF_PI,
+        distance, &x, &y);
   if (OutOfView(x, y) || !turnLabelFont(upright)) return;
   char text[16];
   printInt(text, sizeof text, number);
@@ -65,12 +69,11 @@ int32_t DrawPipeLabel(int32_t pipe, int32_t midVertex, int16_t clearHilite) {
   if (OutOfView(x, y)) return 0;
   LabelStack stack;
   collectLines(pipe, &stack);
-  if (stack.count == 0 && !screen.HILITE) return 0;
+  const bool leader = view.PipeLeader && hasStoredAnchor(p);
+  if (stack.count == 0 && !screen.HILITE && !leader) return 0;
   const BackgroundMode mode(drawState.DC, view.PipeTransparent ? TRANSPARENT : OPAQUE);
   if (!turnLabelFont(escapement)) return 0;
-  if (view.PipeLeader && hasStoredAnchor(p) && stack.count > 0) {
-    paintLeader(midX, midY, 0, x, y, stepX, stepY, stack.count);
-  }
+  if (leader) paintLeader(midX, midY, 0, x, y, stepX, stepY, stack.count);
   for (int32_t i = 0; i < stack.count; i++) {
     if (i == 0) {
       paintLabelLine(stack.lines[i], x, y);
@@ -85,7 +88,6 @@ int32_t DrawPipeLabel(int32_t pipe, int32_t midVertex, int16_t clearHilite) {
 void DrawSegmentNumbers(int32_t firstVtx, int32_t lastVtx, double x1, double y1, double x2, double y2, int16_t custLine,
                         int32_t labelLines) {
   if (!isVtx(firstVtx) || !isVtx(lastVtx) || firstVtx > lastVtx) return;
-  const double textHeight = custLine ? drawState.TextHeightC : drawState.TextHeightP;
   const UINT oldAlign = SetTextAlign(drawState.DC, TA_LEFT);
   Run longest{};
   longest.length = -1;
@@ -98,7 +100,7 @@ void DrawSegmentNumbers(int32_t firstVtx, int32_t lastVtx, double x1, double y1,
     const double length = std::hypot(x - lastX, y - lastY);
     if (length > longest.length) longest = {lastX, lastY, x, y, length};
     if (end || isJoint(model.vtx[v].VTX_KIND, custLine != 0)) {
-      paintNumber(longest, ++number, textHeight, labelLines == 0);
+      paintNumber(longest, ++number, labelLines);
       longest.length = -1;
     }
     lastX = x;

@@ -48,12 +48,14 @@ class SymbolTools {
   void solid(int32_t color) {
     pen_.plain(PS_SOLID, penWidth_, color);
     brush_.solid(color);
+    inside_ = color;
     hollow_ = false;
   }
   /** The pen in the item's colour, the inside in the colour of the paper. */
   void hollow(int32_t color) {
     pen_.plain(PS_SOLID, penWidth_, color);
-    brush_.indirect(BS_SOLID, paper_);
+    if (inside_ != paper_) brush_.indirect(BS_SOLID, paper_);  // a solid brush of that colour serves as well
+    inside_ = paper_;
     hollow_ = true;
   }
   /** A flag in the item's colour: with what is selected when that is the colour inside and out. */
@@ -69,6 +71,7 @@ class SymbolTools {
   SelectedPen pen_;
   SelectedBrush brush_;
   int32_t penWidth_, paper_;
+  int32_t inside_ = -1; /* the colour of the brush */
   bool hollow_ = false;
 };
 

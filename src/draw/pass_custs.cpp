@@ -16,20 +16,8 @@ namespace {
 
 /** The symbol size of customers that have none of their own; percent of the view height when negative. */
 float defaultSize() {
-  const float size = static_cast<float>(drawState.View->CustSize) * 0.1f;
-  return static_cast<float>(size < 0 ? -size * drawState.ViewHeight * 0.01 : size * drawState.UnitsPerDisplay);
-}
-
-/** What turns a screen size into one on the sheet. */
-float paperFactor(int32_t dpi) {
-  const DrawState& s = drawState;
-  if (!onPaper()) return 1.0f;
-  const double divisor = std::fabs(s.ScaleY) * s.DefaultCustSize;
-  if (divisor == 0) return 1.0f;
-  double factor = double(dpi) * s.Plot->PrintCustSize * 0.001 / divisor;
-  if (s.Plot->Metric) factor *= 0.03937;
-  if (s.DevMode == 2) factor *= s.ReducedScale;
-  return static_cast<float>(factor);
+  const double size = drawState.View->CustSize * 0.1;
+  return toFloat(size < 0 ? -size * drawState.ViewHeight * 0.01 : size * drawState.UnitsPerDisplay);
 }
 
 float custSize(const Cdt& c) {
@@ -55,7 +43,8 @@ double CustPass::reach(float size, bool flagged) const {
   const DrawState& s = drawState;
   const double symbols = 2.5 * std::max({size, service.markSize, service.deviceSize});
   const double flag = flagged ? 0.12 * std::max(s.ViewHeight, s.ViewWidth) : 0.0;
-  return symbols + flag + 2 * std::fabs(s.TextHeightC) + service.penWidth / std::fabs(s.ScaleX);
+  return symbols + flag + 2 * std::max(std::fabs(s.TextHeightC), std::fabs(s.TextHeightP)) +
+         service.penWidth / std::fabs(s.ScaleX);
 }
 
 /** True when something of the customer was painted. */
@@ -143,7 +132,7 @@ int32_t DrawCusts(int32_t first, int32_t last, int16_t clearHilite, int16_t* rec
   pass.sizeZero = showCustomers < 0;
   pass.showLabels = labelsShown(view.CustLabelMask, view.CustLabelLimit, description.lfHeight);
   pass.numberSegments = std::find(view.CustLabel, view.CustLabel + 20, 428) != view.CustLabel + 20;
-  pass.sizeFactor = paperFactor(dpi);
+  pass.sizeFactor = SymbolPrintFactor(dpi, plot.PrintCustSize, s.DefaultCustSize);
   pass.service = serviceStyle(penWidth);
   pass.tools.solid(onPaper() ? s.Black : view.CustColor);
   SetTextColor(s.DC, static_cast<COLORREF>(onPaper() ? s.Black : view.CustTextColor));

@@ -22,6 +22,12 @@ int32_t DrawNodes(int32_t first, int32_t last, int16_t clearHilite, int16_t* rec
 int32_t DrawCusts(int32_t first, int32_t last, int16_t clearHilite, int16_t* recolour, int16_t mono, int32_t paperColor,
                   int32_t penWidth, int32_t dpi, int16_t showCustomers);
 
+/**
+ * What turns the size of a symbol on the screen into its size on the sheet: a print size in thousandths of an inch or,
+ * metric, of a millimetre over the default size in world units. 1 on the screen and where the default size is 0.
+ */
+float SymbolPrintFactor(int32_t dpi, int32_t printSize, float defaultSize);
+
 /** The symbol size of a node in world units: its own, else the default; half as large again for valves. */
 float CalcNodeSize(int32_t node);
 

@@ -65,8 +65,9 @@ bool PipeBody::paint(bool clearing) {
 }
 
 bool PipeBody::paintDevice() {
+  // Wired fittings span the pipe whatever the size of devices.
   const double size = deviceSize(std::max(1.0, drawState.UnitsPerDisplay));
-  const double reach = 1.6 * (size != 0 ? size : std::hypot(x2 - x1, y2 - y1));
+  const double reach = 1.6 * std::max(size, std::hypot(x2 - x1, y2 - y1));
   const bool fitting = pdt_.HYD_TYPE == 5;
   const bool apart = fitting && drawState.MapMode == 1;  // may stand anywhere on the isometric view
   if (style_.clip && !apart && Box(x1, y1).with(x2, y2).wider(reach).outside()) return false;

@@ -25,7 +25,7 @@ void paintPie(const Span& span, double length) {
   const double radius = 0.467 * length;
   const DevPoint topLeft = WorldToDevPair(centre.x - radius, centre.y + radius);
   const DevPoint bottomRight = WorldToDevPair(centre.x + radius, centre.y - radius);
-  if (bottomRight.x - int64_t{topLeft.x} <= 4 || bottomRight.y - int64_t{topLeft.y} <= 4) return;
+  if (!BoxExceeds(topLeft, bottomRight, kSmallestPie)) return;
   const DevPoint first = span.device({0.829, 0.495}), second = span.device({0.169, 0.495});
   Pie(drawState.DC, topLeft.x, topLeft.y, bottomRight.x, bottomRight.y, first.x, first.y, second.x, second.y);
 }

@@ -120,7 +120,8 @@ TEST_F(CustPass, paper_takes_the_factor_of_print_customers) {
   picture.setup();
   drawState.ReducedScale = 0.5f;
   EXPECT_EQ(shapes(), "Ellipse 482 481 518 517\n");
-  picture.view.CustSize = 0;  // no default size: factor 1
+  picture.view.CustSize = 0;  // no default size: factor 1, and that of the raster
+  EXPECT_EQ(shapes(), "Ellipse 475 474 525 524\n");
   picture.devMode = 1;
   EXPECT_EQ(shapes(), "Ellipse 450 449 550 549\n");
 }

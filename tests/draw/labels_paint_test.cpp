@@ -181,13 +181,29 @@ TEST_F(Labels, a_leader_runs_from_beside_the_symbol_to_half_the_stack_in_the_pla
       std::string::npos);
 }
 
-TEST_F(Labels, a_leader_needs_a_stored_anchor_and_text) {
+TEST_F(Labels, a_leader_needs_a_stored_anchor_and_no_text) {
   Ndt& n = node();
-  view().NodeLeader = 1;
+  view().NodeLeader = view().CustLeader = view().PipeLeader = 1;
   EXPECT_EQ(ops({"MoveToEx"}), "");
-  n.TEXT_X = 70, n.TEXT_Y = 51;
-  view().NodeLabel[0] = 999;
-  EXPECT_EQ(ops({"MoveToEx"}), "");
+  n.TEXT_X = 70, n.TEXT_Y = 50;
+  view().NodeLabel[0] = 999;  // a stack without lines: the leader ends at its anchor
+  EXPECT_EQ(ops({"SetBkMode", "MoveToEx", "LineTo", "TextOutA"}),
+            "SetBkMode 2\nMoveToEx 506 500\nLineTo 700 500\nSetBkMode 2\nSetBkMode 2\n");
+  view().NodeLeader = 0;
+  EXPECT_EQ(ops({"SetBkMode", "MoveToEx"}), "");
+  Cdt& c = cust(20, 20);
+  c.TEXT_X = 30, c.TEXT_Y = 20;
+  view().CustLabel[0] = 0;
+  EXPECT_EQ(ops({"MoveToEx", "LineTo", "TextOutA"}), "MoveToEx 206 800\nLineTo 300 800\n");
+}
+
+TEST_F(Labels, a_leader_of_a_pipe_without_text_ends_one_step_above_the_place) {
+  Pdt& p = pipe();
+  p.TEXT_X = 70.03, p.TEXT_Y = 60.03;
+  view().PipeLeader = 1;
+  view().PipeLabel[0] = 18;  // no fittings: no line
+  EXPECT_EQ(ops({"MoveToEx", "LineTo", "TextOutA"}),
+            "MoveToEx 400 500\nLineTo 600 500\nMoveToEx 500 500\nLineTo 700 389\n");
 }
 
 TEST_F(Labels, a_pipe_label_straddles_the_pipe) {
@@ -287,7 +303,21 @@ TEST_F(Labels, segments_between_joints_are_numbered_on_their_longest_run) {
   EXPECT_EQ(texts().substr(0, 21), "TextOutA 350 511 \"1\"\n");
 }
 
+TEST_F(Labels, segment_numbers_stand_below_all_label_lines) {
+  pipe(10, 50, 90, 50);
+  addRun(1, {{20, 50}, {50, 50}, {60, 50}, {80, 50}});
+  for (int slot = 0; slot < 3; slot++) view().PipeLabel[slot] = 22;
+  view().PipeLabel[3] = 71;
+  model.pdt[1].LABEL_ON = 0;
+  // Three lines: one above and two below, the last one from 1.1 to 2.1; the number begins at 2.1.
+  EXPECT_EQ(texts(), "TextOutA 350 521 \"1\"\n");
+  view().PipeLabel[2] = 7;  // sizes do not count
+  EXPECT_EQ(texts(), "TextOutA 350 511 \"1\"\n");
+}
+
 TEST_F(Labels, segment_numbers_of_service_lines_have_joints_of_their_own) {
+  view().CustFontSize = 20;  // but keep the distance of the pipes' numbers
+  pipe(10, 80, 30, 80).LABEL_ON = 0;
   Cdt& c = cust(50, 10);
   c.SX_COORD = 10, c.SY_COORD = 10;
   addService(1, {{20, 10}, {30, 10}, {40, 10}});

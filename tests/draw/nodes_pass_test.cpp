@@ -87,6 +87,10 @@ TEST_F(NodePass, a_default_size_of_zero_leaves_the_print_factor_at_one) {
   picture.view.NodeSize = 0;
   add().SYM_SIZE = 4;
   EXPECT_EQ(radius(), 20);
+  picture.devMode = 2;  // but for the raster's own factor
+  picture.setup();
+  drawState.ReducedScale = 0.5f;
+  EXPECT_EQ(radius(), 10);
 }
 
 TEST_F(NodePass, nodes_deleted_unmarked_or_out_of_view_paint_nothing_and_lose_their_mark) {
@@ -139,6 +143,15 @@ TEST_F(NodePass, hollow_symbols_are_filled_with_the_screen_background_and_on_pap
   EXPECT_EQ(shapes(), "Ellipse 495 495 505 505\n");
   picture.devMode = 1;
   EXPECT_EQ(ops({"CreateBrushIndirect"}), "CreateBrushIndirect brush(0,0xFFFFFF)\n");
+}
+
+TEST_F(NodePass, a_brush_in_the_colour_of_the_paper_fills_hollow_symbols_too) {
+  add(10, 10);
+  add(20, 20).SYMBOL = -2;
+  mark(1, 0xC0C0C0);
+  EXPECT_EQ(ops({"CreateSolidBrush", "CreateBrushIndirect", "Ellipse"}),
+            "CreateSolidBrush brush(0,0x0000FF)\nCreateSolidBrush brush(0,0xC0C0C0)\nEllipse 95 895 105 905\n"
+            "Ellipse 195 795 205 805\n");
 }
 
 TEST_F(NodePass, symbol_zero_takes_the_default_and_a_default_of_zero_paints_nothing) {

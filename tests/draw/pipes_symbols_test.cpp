@@ -91,6 +91,19 @@ TEST_F(PipePass, a_wired_fitting_shows_where_it_stands_though_its_pipe_is_out_of
   EXPECT_EQ(count(lines(), "LineTo"), 3);
 }
 
+TEST_F(PipePass, a_wired_fitting_is_as_wide_as_its_pipe_whatever_the_size_of_devices) {
+  FLut rows[2]{};
+  copyText(rows[1].KEY_TEXT, "plug");
+  rows[1].FIELD_20 = 1005;
+  lookups.flut = {rows, 2};
+  Pdt& p = add(103.05, 20.05, 103.05, 80.05);  // its line lies outside, its corners 0.33 * 60 = 19.8 to either side
+  p.HYD_TYPE = 5;
+  copyText(p.SIZE_TYPE, "plug");
+  picture.view.DevicesOn = 1;
+  picture.view.DeviceSize = 10;
+  EXPECT_EQ(lines(), "MoveToEx 1228 799\nLineTo 832 799\nLineTo 1228 199\nLineTo 832 199\n");
+}
+
 TEST_F(PipePass, lines_only_leaves_labels_and_flags) {
   Pdt& p = add(40, 50, 60, 50);
   p.LABEL_ON = p.FLAG_BYTE = 1;
