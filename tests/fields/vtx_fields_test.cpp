@@ -1,4 +1,5 @@
 /** Numbered fields of vertices: every row, the guards, and the small readers. */
+#include "fields/field_rows.h"
 #include "support/model_builder.h"
 
 namespace {
@@ -46,12 +47,16 @@ TEST_F(VtxFields, the_count_belongs_to_the_table) {
   EXPECT_EQ(GetVtxVal(-1, 807), -1.0);
 }
 
-TEST_F(VtxFields, unknown_numbers_show_a_message) {
-  EXPECT_EQ(GetVtxVal(1, 806), -1.0);
-  EXPECT_EQ(GetVtxVal(1, 808), -1.0) << "a hilite is only stored";
-  SetVtxVal(1, 806, 1);
-  SetVtxVal(1, 810, 1);
-  EXPECT_EQ(messages(), "getvtx 806\ngetvtx 808\nsetvtx 806\nsetvtx 810\n");
+TEST_F(VtxFields, unknown_numbers_show_a_message_and_change_nothing) {
+  const Vtx before = model.vtx[1];
+  const auto read = [](int16_t field) { EXPECT_EQ(GetVtxVal(1, field), -1.0); };
+  const auto write = [](int16_t field) { SetVtxVal(1, field, 7); };
+  checkUnknown({801, 802, 803, 804, 805, 807}, "getvtx", read);
+  checkUnknown({801, 802, 803, 804, 805, 807, 808, 809}, "setvtx", write);
+  EXPECT_EQ(std::memcmp(&before, &model.vtx[1], sizeof before), 0);
+  EXPECT_EQ(GetVtxVal(-1, 806), -1.0);
+  SetVtxVal(-1, 806, 1);
+  EXPECT_EQ(messages(), "") << "a negative record is silent whatever the number";
 }
 
 TEST_F(VtxFields, records_that_are_not_there_are_silent) {

@@ -5,6 +5,12 @@
 namespace pn10::test {
 namespace {
 
+TEST_F(LookupFiles, percent_of_a_pipe_size_are_times_the_single_precision_hundredth) {
+  // the single 0.01 is 0.009999999776482582; 99 of it are 0.98999997787, nearer to this single than to 0.99f
+  files.plut({pipeSize("A").f32(56, 99)});
+  EXPECT_EQ(lookups.plut.rows[1].EFFICIENCY, 0.98999995f);
+}
+
 TEST_F(LookupFiles, pipe_sizes_come_in_inches_and_psi) {
   files.plut({pipeSize("100")
                   .f32(40, 10)
