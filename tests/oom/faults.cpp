@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <map>
+#include <new>
 
 namespace {
 int allocationsLeft, openingsLeft;
@@ -38,6 +39,7 @@ void* __real_calloc(size_t count, size_t size);
 void* __real_realloc(void* block, size_t size);
 void __real_free(void* block);
 FILE* __real_fopen(const char* path, const char* mode);
+void* __real__ZnwmRKSt9nothrow_t(size_t size, const std::nothrow_t& none);
 
 void* __wrap_malloc(size_t size) { return failsNow(allocationsLeft) ? nullptr : entered(__real_malloc(size), size); }
 void* __wrap_calloc(size_t count, size_t size) {
@@ -51,6 +53,10 @@ void* __wrap_realloc(void* block, size_t size) {
 void __wrap_free(void* block) {
   struck(block);
   __real_free(block);
+}
+/** Objects of the painting context; PnGetObjectCount keeps their book. */
+void* __wrap__ZnwmRKSt9nothrow_t(size_t size, const std::nothrow_t& none) {
+  return failsNow(allocationsLeft) ? nullptr : __real__ZnwmRKSt9nothrow_t(size, none);
 }
 FILE* __wrap_fopen(const char* path, const char* mode) {
   return failsNow(openingsLeft) ? nullptr : __real_fopen(path, mode);
