@@ -1,13 +1,10 @@
 /** Points at a bearing and a distance from an origin, as device points. */
 #include "draw/frame.h"
+#include "geometry/direction.h"
 
 using namespace pn10;
 
 namespace {
-
-struct WorldPoint {
-  double x, y;
-};
 
 WorldPoint polar(double x, double y, float bearing, float distance) {
   WorldPoint p;

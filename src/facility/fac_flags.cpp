@@ -28,6 +28,14 @@ void mergeFlag(int16_t value, int16_t NXY::*flag, int32_t fromNode, int32_t toNo
   if (hasNode(toNode)) model.nxy[toNode].*flag = value;
 }
 
+template <class Screen>
+void copyFlags(const PXY& from, Screen* to) {
+  to->Display = from.Display;
+  to->Report = from.Report;
+  to->Aux = from.Aux;
+  to->Active = from.Active;
+}
+
 void clearDrawn(int32_t node) {
   if (hasNode(node)) model.nxy[node].Drawn = 0;
 }
@@ -104,20 +112,10 @@ void SetFacNodeDflt(int32_t node) {
 
 void SetFacNodePipe(int32_t pipe, int32_t node) {
   if (!hasPipe(pipe) || !hasNode(node)) return;
-  const PXY& from = model.pxy[pipe];
-  NXY& to = model.nxy[node];
-  to.Report = from.Report;
-  to.Aux = from.Aux;
-  to.Active = from.Active;
-  to.Display = from.Display;
+  copyFlags(model.pxy[pipe], &model.nxy[node]);
 }
 
 void CopyFacPipe(int32_t sourcePipe, int32_t targetPipe) {
   if (!hasPipe(sourcePipe) || !hasPipe(targetPipe)) return;
-  const PXY& from = model.pxy[sourcePipe];
-  PXY& to = model.pxy[targetPipe];
-  to.Display = from.Display;
-  to.Report = from.Report;
-  to.Aux = from.Aux;
-  to.Active = from.Active;
+  copyFlags(model.pxy[sourcePipe], &model.pxy[targetPipe]);
 }

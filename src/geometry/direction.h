@@ -1,4 +1,4 @@
-/** A bearing turned once into its cosine and sine, for shapes with many points. */
+/** Points of the world, and a bearing turned once into its cosine and sine, for shapes with many points. */
 #ifndef PN10_GEOMETRY_DIRECTION_H
 #define PN10_GEOMETRY_DIRECTION_H
 

@@ -7,14 +7,6 @@ using namespace pn10;
 
 namespace {
 
-bool allocateTables() {
-  model.cdt = newTable<Cdt>(model.custCount);
-  if (model.cdt) model.cdtSlots = model.custCount + 1;
-  model.cxy = model.cdt ? newTable<CXY>(model.custCount) : nullptr;
-  if (model.cxy) model.cxySlots = model.custCount + 1;
-  return model.cxy != nullptr;
-}
-
 /** Counts, checks and binds a live customer. */
 void finishCustomer(int32_t n, BindRange* range) {
   Cdt& cust = model.cdt[n];
@@ -32,12 +24,10 @@ int32_t ReadCdt(const char* base, int16_t noFile) {
   model.cdtSlots = model.cxySlots = 0;
   model.custCount = model.lastCustId = 0;
   const ModelPath path(base, kCdtFormat.extension);
-  if (!noFile) {
-    const int32_t count = countRecords(kCdtFormat, path.get());
-    if (count < 0) return -2;
-    model.custCount = count;
-  }
-  if (!allocateTables()) return -1;
+  const int32_t count = noFile ? 0 : countRecords(kCdtFormat, path.get());
+  if (count < 0) return -2;
+  model.custCount = count;
+  if (!newTables(model.cdt, model.cdtSlots, model.cxy, model.cxySlots, count)) return -1;
   if (model.custCount == 0) return 0;
 
   File file(path.get(), "rb");

@@ -38,9 +38,9 @@ bool grow(Record*& table, int32_t& slots, int32_t n) {
   return block != nullptr;
 }
 
-template <size_t N>
-void clear(char (&text)[N]) {
-  std::memset(text, 0, N);
+template <size_t... N>
+void clear(char (&... texts)[N]) {
+  (std::memset(texts, 0, N), ...);
 }
 
 }  // namespace
@@ -49,9 +49,7 @@ int32_t ReallocNdt(int32_t highestRecord) {
   if (!grow(model.ndt, model.ndtSlots, highestRecord)) return 0;
   if (model.nodeCount <= highestRecord) { /* kept: the text of the last record only */
     Ndt& node = model.ndt[highestRecord];
-    clear(node.NODENAME);
-    clear(node.P_UNITS);
-    clear(node.Q_UNITS);
+    clear(node.NODENAME, node.P_UNITS, node.Q_UNITS);
   }
   return 1;
 }
@@ -60,12 +58,7 @@ int32_t ReallocPdt(int32_t highestRecord) {
   if (!grow(model.pdt, model.pdtSlots, highestRecord)) return 0;
   if (model.pipeCount <= highestRecord) { /* kept: the text of the last record only */
     Pdt& pipe = model.pdt[highestRecord];
-    clear(pipe.LINK_ID);
-    clear(pipe.SIZE_TYPE);
-    clear(pipe.DR_UNITS);
-    clear(pipe.L_UNITS);
-    clear(pipe.Q_UNITS);
-    clear(pipe.DP_UNITS);
+    clear(pipe.LINK_ID, pipe.SIZE_TYPE, pipe.DR_UNITS, pipe.L_UNITS, pipe.Q_UNITS, pipe.DP_UNITS);
   }
   return 1;
 }
@@ -73,8 +66,8 @@ int32_t ReallocPdt(int32_t highestRecord) {
 int32_t ReallocCdt(int32_t highestRecord) {
   if (!grow(model.cdt, model.cdtSlots, highestRecord)) return 0;
   if (model.custCount <= highestRecord) { /* kept: the text of the last record only */
-    clear(model.cdt[highestRecord].LINK_ID);
-    clear(model.cdt[highestRecord].LOAD_UNITS);
+    Cdt& cust = model.cdt[highestRecord];
+    clear(cust.LINK_ID, cust.LOAD_UNITS);
   }
   return 1;
 }

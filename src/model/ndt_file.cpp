@@ -57,11 +57,9 @@ int32_t ReadNdt(const char* base, int16_t noFile, float version) {
   model.ndtSlots = model.nxySlots = 0;
   model.lastNodeId = model.lastNodeName = model.nodeCount = 0;
   const ModelPath path(base, kNdtFormat.extension);
-  if (!noFile) {
-    const int32_t count = countRecords(kNdtFormat, path.get());
-    if (count < 0) return -2;
-    model.nodeCount = count;
-  }
+  const int32_t count = noFile ? 0 : countRecords(kNdtFormat, path.get());
+  if (count < 0) return -2;
+  model.nodeCount = count;
   if (!allocateTables()) return -1;
   if (model.nodeCount == 0) return 0;
 

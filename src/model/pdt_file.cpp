@@ -11,14 +11,6 @@ constexpr int32_t kIdLimit = 2000000000; /* higher ids do not raise the counter 
 
 bool isNodeReference(int32_t node) { return node >= 0 && node <= model.nodeCount; }
 
-bool allocateTables() {
-  model.pdt = newTable<Pdt>(model.pipeCount);
-  if (model.pdt) model.pdtSlots = model.pipeCount + 1;
-  model.pxy = model.pdt ? newTable<PXY>(model.pipeCount) : nullptr;
-  if (model.pxy) model.pxySlots = model.pipeCount + 1;
-  return model.pxy != nullptr;
-}
-
 void countPipe(const Pdt& pipe) {
   if (pipe.ID < kIdLimit) model.lastPipeId = std::max(model.lastPipeId, pipe.ID);
   model.lastGroupId = std::max(model.lastGroupId, pipe.GROUP_ID);
@@ -45,12 +37,10 @@ int32_t ReadPdt(const char* base, int16_t defaultEquation, const char* defaultPr
   model.pdtSlots = model.pxySlots = 0;
   model.lastPipeId = model.lastGroupId = model.pipeCount = 0;
   const ModelPath path(base, kPdtFormat.extension);
-  if (!noFile) {
-    const int32_t count = countRecords(kPdtFormat, path.get());
-    if (count < 0) return -2;
-    model.pipeCount = count;
-  }
-  if (!allocateTables()) return -1;
+  const int32_t count = noFile ? 0 : countRecords(kPdtFormat, path.get());
+  if (count < 0) return -2;
+  model.pipeCount = count;
+  if (!newTables(model.pdt, model.pdtSlots, model.pxy, model.pxySlots, count)) return -1;
   if (model.pipeCount == 0) return 0;
 
   File file(path.get(), "rb");

@@ -100,6 +100,9 @@ inline bool hasFtgSlot(int32_t f) { return f >= 0 && f < model.fdtSlots; }
  */
 template <class Record>
 Record* newTable(int32_t count);
+/** A table and its screen table for `count` records; false without memory, and what there was memory for stays. */
+template <class Record, class Screen>
+bool newTables(Record*& table, int32_t& slots, Screen*& screen, int32_t& screenSlots, int32_t count);
 /** Frees a table and sets its pointer to null. */
 template <class Record>
 void releaseTable(Record*& table);
@@ -115,6 +118,14 @@ void freeRecords(void* block);
 template <class Record>
 Record* newTable(int32_t count) {
   return static_cast<Record*>(allocateRecords(count, sizeof(Record)));
+}
+template <class Record, class Screen>
+bool newTables(Record*& table, int32_t& slots, Screen*& screen, int32_t& screenSlots, int32_t count) {
+  table = newTable<Record>(count);
+  screen = table ? newTable<Screen>(count) : nullptr;
+  slots = table ? count + 1 : 0;
+  screenSlots = screen ? count + 1 : 0;
+  return screen != nullptr;
 }
 template <class Record>
 void releaseTable(Record*& table) {

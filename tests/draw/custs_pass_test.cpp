@@ -27,11 +27,6 @@ class CustPass : public testing::Test {
   }
   std::string ops(std::initializer_list<std::string_view> names) { return only(picture.paint(), names); }
   std::string shapes() { return ops({"Ellipse", "Polygon", "MoveToEx", "LineTo", "Pie"}); }
-  static int count(const std::string& log, std::string_view what) {
-    int n = 0;
-    for (size_t at = log.find(what); at != std::string::npos; at = log.find(what, at + 1)) n++;
-    return n;
-  }
 
   Fresh fresh;
   SceneView picture;
@@ -209,10 +204,10 @@ TEST_F(CustPass, service_vertices_show_by_odd_kind) {
   }
   model.vtx[1].VTX_KIND = 7;
   model.vtx[1].VTX_OWNER = 0;
-  EXPECT_EQ(count(shapes(), "Ellipse"), 1);
+  EXPECT_EQ(timesIn(shapes(), "Ellipse"), 1);
   model.vtx[1].VTX_OWNER = 1;
   picture.view.VtxMarksOn = 0;
-  EXPECT_EQ(count(shapes(), "Ellipse"), 1);
+  EXPECT_EQ(timesIn(shapes(), "Ellipse"), 1);
 }
 
 TEST_F(CustPass, device_marks_follow_the_device_size) {
@@ -234,10 +229,10 @@ TEST_F(CustPass, change_marks_stand_along_the_segment_of_their_vertex) {
   SetCXYChange(1, 1, 0.5f, 2, 0.25f);
   // Half of the first segment is (30.03, 20.03), a quarter of the last (50.03, 20.03); the stake of 10 points down.
   const std::string log = ops({"MoveToEx", "LineTo"});
-  EXPECT_EQ(count(log, "MoveToEx 300 799\nLineTo 300 899\n"), 1);
-  EXPECT_EQ(count(log, "MoveToEx 500 799\nLineTo 500 899\n"), 1);
+  EXPECT_EQ(timesIn(log, "MoveToEx 300 799\nLineTo 300 899\n"), 1);
+  EXPECT_EQ(timesIn(log, "MoveToEx 500 799\nLineTo 500 899\n"), 1);
   picture.view.CustChangeMarkOn = 0;
-  EXPECT_EQ(count(ops({"MoveToEx"}), "MoveToEx"), 2);
+  EXPECT_EQ(timesIn(ops({"MoveToEx"}), "MoveToEx"), 2);
 }
 
 TEST_F(CustPass, a_selected_customer_has_grips_at_meter_and_tap) {
@@ -245,11 +240,11 @@ TEST_F(CustPass, a_selected_customer_has_grips_at_meter_and_tap) {
   add(70, 50);
   model.cxy[1].HILITE = model.cxy[2].HILITE = 1;
   picture.plot.GripsOn = picture.plot.GripsShown = 1;
-  EXPECT_EQ(count(ops({"CreatePen"}), "pen(0,1,0x00FFFF)"), 3);
-  EXPECT_EQ(count(ops({"CreatePen"}), "pen(0,1,0xFF00FF)"), 1);
+  EXPECT_EQ(timesIn(ops({"CreatePen"}), "pen(0,1,0x00FFFF)"), 3);
+  EXPECT_EQ(timesIn(ops({"CreatePen"}), "pen(0,1,0xFF00FF)"), 1);
   EXPECT_EQ(model.cxy[1].HILITE_DRAWN, 1);
   picture.clearHilite = 1;
-  EXPECT_EQ(count(ops({"CreatePen"}), "pen(0,1,0xC0C0C0)"), 3);
+  EXPECT_EQ(timesIn(ops({"CreatePen"}), "pen(0,1,0xC0C0C0)"), 3);
   EXPECT_EQ(model.cxy[1].HILITE + model.cxy[1].HILITE_DRAWN, 0);
 }
 
@@ -258,12 +253,12 @@ TEST_F(CustPass, a_selected_vertex_is_shown_by_a_pen_and_brush_of_its_own) {
   addTapped(80, 20, 20, 20);
   addService(1, {{40, 20}});
   model.vtx[1].VTX_HILITE = 1;
-  EXPECT_EQ(count(ops({"CreateSolidBrush"}), "brush(0,0xFF00FF)"), 1);
+  EXPECT_EQ(timesIn(ops({"CreateSolidBrush"}), "brush(0,0xFF00FF)"), 1);
   picture.plot.GripsOn = picture.plot.GripsShown = 1;
-  EXPECT_EQ(count(ops({"CreatePen"}), "pen(0,1,0x00FFFF)"), 1);
+  EXPECT_EQ(timesIn(ops({"CreatePen"}), "pen(0,1,0x00FFFF)"), 1);
   EXPECT_EQ(model.vtx[1].VTX_DRAWN, 1);
   picture.clearHilite = 1;
-  EXPECT_EQ(count(ops({"CreatePen"}), "pen(0,1,0xC0C0C0)"), 1);
+  EXPECT_EQ(timesIn(ops({"CreatePen"}), "pen(0,1,0xC0C0C0)"), 1);
   EXPECT_EQ(model.vtx[1].VTX_HILITE + model.vtx[1].VTX_DRAWN, 0);
 }
 
@@ -276,8 +271,8 @@ TEST_F(CustPass, flags_by_byte) {
   for (const auto& row : rows) {
     model.cdt[1].FLAG_BYTE = row.flag;
     const std::string log = ops({"Polygon", "CreatePen"});
-    EXPECT_EQ(count(log, "Polygon"), row.polygons + 1) << int{row.flag};
-    EXPECT_EQ(count(log, "CreatePen pen(0,1,0x0000FF)"), row.reds) << int{row.flag};
+    EXPECT_EQ(timesIn(log, "Polygon"), row.polygons + 1) << int{row.flag};
+    EXPECT_EQ(timesIn(log, "CreatePen pen(0,1,0x0000FF)"), row.reds) << int{row.flag};
   }
 }
 
@@ -373,9 +368,9 @@ TEST_F(CustPass, vertex_runs_outside_the_table_are_cut) {
   addTapped(80, 20, 20, 20);
   addService(1, {{40, 20}});
   model.cxy[1].LAST_VTX = INT32_MAX;
-  EXPECT_EQ(count(shapes(), "LineTo"), 2);
+  EXPECT_EQ(timesIn(shapes(), "LineTo"), 2);
   model.cxy[1].FIRST_VTX = INT32_MIN;
-  EXPECT_EQ(count(shapes(), "LineTo"), 1);
+  EXPECT_EQ(timesIn(shapes(), "LineTo"), 1);
 }
 
 }  // namespace

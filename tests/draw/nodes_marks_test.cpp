@@ -15,13 +15,8 @@ TEST_F(NodePass, flags_by_type) {
   for (const auto& row : rows) {
     model.ndt[1].FLAG_TYPE = row.type;
     const std::string log = ops({"Polygon", "CreatePen"});
-    const auto count = [&](std::string_view what) {
-      int n = 0;
-      for (size_t at = log.find(what); at != std::string::npos; at = log.find(what, at + 1)) n++;
-      return n;
-    };
-    EXPECT_EQ(count("Polygon"), row.polygons + 1) << row.type;  // the symbol is a square itself
-    EXPECT_EQ(count("CreatePen pen(0,1,0x0000FF)"), row.reds + 1) << row.type;
+    EXPECT_EQ(timesIn(log, "Polygon"), row.polygons + 1) << row.type;  // the symbol is a square itself
+    EXPECT_EQ(timesIn(log, "CreatePen pen(0,1,0x0000FF)"), row.reds + 1) << row.type;
   }
 }
 

@@ -33,11 +33,6 @@ class PipePass : public testing::Test {
   }
   std::string lines() { return ops({"MoveToEx", "LineTo"}); }
   std::string ops(std::initializer_list<std::string_view> names) { return only(picture.paint(), names); }
-  static int count(const std::string& log, std::string_view what) {
-    int n = 0;
-    for (size_t at = log.find(what); at != std::string::npos; at = log.find(what, at + 1)) n++;
-    return n;
-  }
 
   Fresh fresh;
   SceneView picture;

@@ -124,7 +124,7 @@ TEST_F(PipePass, a_pipe_outside_the_window_costs_no_operation) {
   EXPECT_EQ(ops({"ExtCreatePen", "MoveToEx", "UpdateWindow"}), "");
   EXPECT_EQ(model.pxy[1].DRAWN, 1);  // it still brings its nodes and customers
   picture.plot.ClipOn = 0;
-  EXPECT_EQ(count(ops({"MoveToEx"}), "MoveToEx"), 5);
+  EXPECT_EQ(timesIn(ops({"MoveToEx"}), "MoveToEx"), 5);
 }
 
 TEST_F(PipePass, plain_pipes_take_the_same_operations_by_the_short_way) {
@@ -141,7 +141,7 @@ TEST_F(PipePass, plain_pipes_take_the_same_operations_by_the_short_way) {
     const std::string shortWay = picture.paint();
     picture.view.PipeLabelMask = 1;  // labels on, and no pipe that has one
     EXPECT_EQ(shortWay, picture.paint());
-    EXPECT_GT(count(shortWay, "LineTo"), 60);
+    EXPECT_GT(timesIn(shortWay, "LineTo"), 60);
   }
 }
 
@@ -159,7 +159,7 @@ TEST_F(PipePass, a_quarter_arc_runs_in_one_degree_steps_from_its_from_node) {
   const std::string log = lines();
   EXPECT_EQ(log.substr(0, 17), "MoveToEx 600 499\n");
   EXPECT_EQ(log.substr(log.size() - 15), "LineTo 500 399\n");
-  EXPECT_EQ(count(log, "LineTo"), 90 + 1);
+  EXPECT_EQ(timesIn(log, "LineTo"), 90 + 1);
   model.pdt[1].VTX_MODE = 1;  // the other turn: about (60, 60), from the same node
   const std::string other = lines();
   EXPECT_EQ(other.substr(0, 17), "MoveToEx 600 499\n");
@@ -235,11 +235,11 @@ TEST_F(PipePass, a_selected_vertex_is_shown_by_a_pen_and_brush_of_its_own_and_a_
   model.vtx[1].VTX_HILITE = 1;
   const std::string log = ops({"CreatePen", "CreateSolidBrush", "Polygon", "DeleteObject"});
   EXPECT_NE(log.find("CreatePen pen(0,1,0xFF00FF)\nCreateSolidBrush brush(0,0xFF00FF)\nPolygon 3"), std::string::npos);
-  EXPECT_EQ(count(log, "CreatePen pen(0,1,0x00FFFF)"), 1);
+  EXPECT_EQ(timesIn(log, "CreatePen pen(0,1,0x00FFFF)"), 1);
   EXPECT_EQ(model.vtx[1].VTX_DRAWN, 1);
   EXPECT_EQ(model.vtx[2].VTX_DRAWN, 0);
   picture.clearHilite = 1;
-  EXPECT_EQ(count(ops({"CreatePen"}), "pen(0,1,0xC0C0C0)"), 1);
+  EXPECT_EQ(timesIn(ops({"CreatePen"}), "pen(0,1,0xC0C0C0)"), 1);
   EXPECT_EQ(model.vtx[1].VTX_HILITE + model.vtx[1].VTX_DRAWN, 0);
 }
 
@@ -259,12 +259,12 @@ TEST_F(PipePass, a_selected_pipe_takes_the_hilite_colour_and_grips_at_nodes_and_
   EXPECT_EQ(ops({"ExtCreatePen"}), "ExtCreatePen pen(0x10000,1,0xFF00FF)\n");
   EXPECT_EQ(model.pxy[1].HILITE_DRAWN, 0);
   picture.plot.GripsOn = picture.plot.GripsShown = 1;
-  EXPECT_EQ(count(ops({"Polygon"}), "Polygon 4"), 3);
+  EXPECT_EQ(timesIn(ops({"Polygon"}), "Polygon 4"), 3);
   EXPECT_EQ(model.pxy[1].HILITE_DRAWN, 1);
   picture.clearHilite = 1;
   const std::string log = ops({"ExtCreatePen", "CreatePen"});
-  EXPECT_EQ(count(log, "ExtCreatePen pen(0x10000,1,0xFF0000)"), 1);
-  EXPECT_EQ(count(log, "CreatePen pen(0,1,0xC0C0C0)"), 3);
+  EXPECT_EQ(timesIn(log, "ExtCreatePen pen(0x10000,1,0xFF0000)"), 1);
+  EXPECT_EQ(timesIn(log, "CreatePen pen(0,1,0xC0C0C0)"), 3);
   EXPECT_EQ(model.pxy[1].HILITE, 0);
   EXPECT_EQ(model.pxy[1].HILITE_DRAWN, 0);
 }
@@ -326,7 +326,7 @@ TEST_F(PipePass, polls_count_what_was_painted_and_escape_leaves_the_later_passes
   add(110, 10, 120, 20);  // out of view
   picture.view.NodeOn = 1;
   picture.plot.PollPercent = 0;
-  EXPECT_EQ(count(ops({"UpdateWindow"}), "UpdateWindow"), 3 + 6);
+  EXPECT_EQ(timesIn(ops({"UpdateWindow"}), "UpdateWindow"), 3 + 6);
   PnPostMessage(picture.window, 0x100, 27, 1 << 16);
   picture.recolourPipes = picture.recolourNodes = 1;
   const int32_t objects = PnGetObjectCount();

@@ -26,7 +26,7 @@ TEST_F(PipePass, a_dashed_device_gets_a_solid_pen_and_the_next_pipe_its_dashes_a
             "CreatePen pen(0,1,0x000000)\nCreatePen pen(0,1,0x000000)\nCreatePen pen(0,1,0xFF0000)\n"
             "ExtCreatePen pen(0x10002,1,0xFF0000)\n");
   model.pxy[1].LineType = 1;
-  EXPECT_EQ(count(ops({"ExtCreatePen"}), "ExtCreatePen"), 2);
+  EXPECT_EQ(timesIn(ops({"ExtCreatePen"}), "ExtCreatePen"), 2);
 }
 
 TEST_F(PipePass, hidden_devices_leave_the_plain_line) {
@@ -70,7 +70,7 @@ TEST_F(PipePass, a_fitting_is_its_device_code_behind_a_line) {
   copyText(p.SIZE_TYPE, "tee");
   const std::string log = ops({"MoveToEx", "LineTo", "Polygon"});
   EXPECT_EQ(log.substr(0, log.find("Polygon")), "MoveToEx 100 499\nLineTo 300 499\n");
-  EXPECT_EQ(count(log, "Polygon 8"), 1);
+  EXPECT_EQ(timesIn(log, "Polygon 8"), 1);
   copyText(p.SIZE_TYPE, "plain");
   EXPECT_EQ(ops({"Polygon"}), "");
   EXPECT_EQ(lines(), "MoveToEx 100 499\nLineTo 300 499\n");
@@ -88,7 +88,7 @@ TEST_F(PipePass, a_wired_fitting_shows_where_it_stands_though_its_pipe_is_out_of
   picture.view.DevicesOn = 1;
   picture.iso = 1;
   // The pipe begins at (127 * 0.866025, -150 + 100) = (110, -50), the symbol about (60 * 0.866025, -80 + 100).
-  EXPECT_EQ(count(lines(), "LineTo"), 3);
+  EXPECT_EQ(timesIn(lines(), "LineTo"), 3);
 }
 
 TEST_F(PipePass, a_wired_fitting_is_as_wide_as_its_pipe_whatever_the_size_of_devices) {
@@ -133,8 +133,8 @@ TEST_F(PipePass, flags_by_byte) {
     model.nxy[1].Drawn = model.nxy[2].Drawn = 0;
     picture.view.NodeSymbol = 0;
     const std::string log = ops({"Polygon", "CreateSolidBrush", "LineTo"});
-    EXPECT_EQ(count(log, "Polygon 4 310 733"), row.pennants);
-    EXPECT_EQ(count(log, "LineTo 360 733\n"), row.outlines * 2);
+    EXPECT_EQ(timesIn(log, "Polygon 4 310 733"), row.pennants);
+    EXPECT_EQ(timesIn(log, "LineTo 360 733\n"), row.outlines * 2);
     EXPECT_NE(log.find(std::string("brush(0,") + row.color), std::string::npos) << int{row.flag};
   }
   picture.view.NodeOn = 0;  // no nodes shown, no flags
@@ -148,9 +148,9 @@ TEST_F(PipePass, arrows_take_the_product_of_flow_and_factor) {
   p.Q_FACTOR = 0.5f;
   picture.view.ArrowsOn = 1;
   picture.view.ArrowMinFlow = 150;
-  EXPECT_EQ(count(lines(), "MoveToEx 200 900"), 2);
+  EXPECT_EQ(timesIn(lines(), "MoveToEx 200 900"), 2);
   picture.view.ArrowMinFlow = 151;
-  EXPECT_EQ(count(lines(), "MoveToEx"), 1);
+  EXPECT_EQ(timesIn(lines(), "MoveToEx"), 1);
 }
 
 TEST_F(PipePass, arrow_sizes_by_option) {
@@ -175,14 +175,14 @@ TEST_F(PipePass, arrows_too_small_to_read_or_beyond_their_limit_are_left_out) {
   p.FLOW = p.Q_FACTOR = 1;
   picture.view.ArrowsOn = 1;
   picture.view.ArrowSize = -3;  // 0.9 of a view of 100
-  EXPECT_EQ(count(lines(), "MoveToEx"), 1);
+  EXPECT_EQ(timesIn(lines(), "MoveToEx"), 1);
   picture.devMode = 1;
-  EXPECT_EQ(count(lines(), "MoveToEx"), 3);  // paper shows them at every size
+  EXPECT_EQ(timesIn(lines(), "MoveToEx"), 3);  // paper shows them at every size
   picture.devMode = 0;
   picture.view.ArrowSize = -4;
-  EXPECT_EQ(count(lines(), "MoveToEx"), 3);
+  EXPECT_EQ(timesIn(lines(), "MoveToEx"), 3);
   picture.view.ArrowZoomLimit = 99;
-  EXPECT_EQ(count(lines(), "MoveToEx"), 1);
+  EXPECT_EQ(timesIn(lines(), "MoveToEx"), 1);
 }
 
 TEST_F(PipePass, a_polyline_has_an_arrow_on_every_segment_or_on_the_mid_one) {
@@ -190,13 +190,13 @@ TEST_F(PipePass, a_polyline_has_an_arrow_on_every_segment_or_on_the_mid_one) {
   p.FLOW = p.Q_FACTOR = 1;
   addRun(1, {{10, 20}, {30, 20}});
   picture.view.ArrowsOn = 1;
-  EXPECT_EQ(count(lines(), "MoveToEx"), 3 + 3 * 2);
+  EXPECT_EQ(timesIn(lines(), "MoveToEx"), 3 + 3 * 2);
   picture.view.ArrowsAtMidVertex = 1;
   const std::string log = lines();
-  EXPECT_EQ(count(log, "MoveToEx"), 3 + 2);
-  EXPECT_EQ(count(log, "MoveToEx 200 800"), 2);
+  EXPECT_EQ(timesIn(log, "MoveToEx"), 3 + 2);
+  EXPECT_EQ(timesIn(log, "MoveToEx 200 800"), 2);
   addRun(1, {{10, 12}});  // the middle lies on the last segment
-  EXPECT_EQ(count(lines(), "MoveToEx 200 890"), 2);
+  EXPECT_EQ(timesIn(lines(), "MoveToEx 200 890"), 2);
 }
 
 TEST_F(PipePass, an_arrow_on_a_line_outside_reaches_into_the_window) {
@@ -215,7 +215,7 @@ TEST_F(PipePass, the_open_arrow_of_an_arc_stands_on_its_middle) {
   p.VTX_MODE = 2;
   picture.view.ArrowsOn = 1;
   // (50.03, 50.03) + 10 at 45 degrees = (57.10, 57.10)
-  EXPECT_EQ(count(lines(), "MoveToEx 571 428"), 2);
+  EXPECT_EQ(timesIn(lines(), "MoveToEx 571 428"), 2);
 }
 
 }  // namespace

@@ -113,7 +113,7 @@ TEST_F(FacilityFlags, a_flag_is_asked_by_number) {
 }
 
 TEST_F(FacilityFlags, getters_read_pipes_nodes_and_customers) {
-  makeTables(1, 2, 3);
+  makeEmptyTables(1, 2, 3);
   setFlags(model.pxy[2], 2, -3, 0, 4);
   model.nxy[1] = {};
   model.nxy[1].Report = 5;
@@ -262,7 +262,7 @@ TEST_F(FacilityFlags, recomputing_a_range_equals_the_rule_pipe_by_pipe) {
     const int nodes = 1 + below(6), pipes = 1 + below(20);
     const auto build = [&](unsigned seed) {
       std::mt19937 same(seed);
-      makeTables(nodes, pipes);
+      makeEmptyTables(nodes, pipes);
       for (int p = 1; p <= pipes; p++) {
         model.pdt[p].FROM_NODE = 1 + static_cast<int>(same() % static_cast<unsigned>(nodes));
         model.pdt[p].TO_NODE = 1 + static_cast<int>(same() % static_cast<unsigned>(nodes));
@@ -300,7 +300,7 @@ TEST_F(FacilityFlags, recomputing_a_range_equals_the_rule_pipe_by_pipe) {
 TEST_F(FacilityFlags, recomputing_half_a_million_pipes_is_one_pass) {
   const int32_t pipes = 500000;
   makeFacilities({1})[1].Display = 1;
-  makeTables(pipes + 1, pipes);
+  makeEmptyTables(pipes + 1, pipes);
   for (int32_t p = 1; p <= pipes; p++) {
     model.pdt[p].FROM_NODE = p;
     model.pdt[p].TO_NODE = p + 1;
@@ -334,7 +334,7 @@ TEST_F(FacilityFlags, text_and_graphics_are_refreshed_from_the_table) {
 
 TEST_F(FacilityFlags, records_that_are_not_there_do_nothing) {
   for (bool tables : {false, true}) {
-    if (tables) makeTables(2, 2, 2);
+    if (tables) makeEmptyTables(2, 2, 2);
     for (int32_t bad : {-1, 0, 3, INT32_MIN, INT32_MAX}) {
       SetPipeFacFlags(bad, 1);
       SetNodeFacFlags(bad, bad, bad, nullptr);

@@ -8,26 +8,13 @@
 #include "facility/facility.h"
 #include "model/draw_state.h"
 #include "model/tables.h"
-#include "support/support.h"
+#include "support/model_builder.h"
 
 namespace pn10::test {
 
-/** Zeroed nodes, pipes and customers with their screen records. */
-inline void makeTables(int32_t nodes, int32_t pipes, int32_t custs = 0) {
-  model.ndt = newTable<Ndt>(nodes);
-  model.nxy = newTable<NXY>(nodes);
-  model.pdt = newTable<Pdt>(pipes);
-  model.pxy = newTable<PXY>(pipes);
-  model.cdt = newTable<Cdt>(custs);
-  model.cxy = newTable<CXY>(custs);
-  model.ndtSlots = model.nxySlots = (model.nodeCount = nodes) + 1;
-  model.pdtSlots = model.pxySlots = (model.pipeCount = pipes) + 1;
-  model.cdtSlots = model.cxySlots = (model.custCount = custs) + 1;
-}
-
 /** Pipes between these nodes. */
 inline void makeNetwork(int32_t nodes, const std::vector<std::pair<int32_t, int32_t>>& pipes) {
-  makeTables(nodes, static_cast<int32_t>(pipes.size()));
+  makeEmptyTables(nodes, static_cast<int32_t>(pipes.size()));
   for (size_t i = 0; i < pipes.size(); i++) {
     model.pdt[i + 1].FROM_NODE = pipes[i].first;
     model.pdt[i + 1].TO_NODE = pipes[i].second;

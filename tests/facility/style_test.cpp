@@ -223,7 +223,7 @@ TEST_F(PipeStyle, colours_set_directly_clear_the_trace) {
 
 TEST_F(PipeStyle, nodes_and_customers_fall_back_to_their_default) {
   FreeModel();
-  makeTables(1, 1, 1);
+  makeEmptyTables(1, 1, 1);
   EXPECT_EQ(GetNodeColor(5), 5);
   EXPECT_EQ(GetNodeColor(-1), kNode);
   EXPECT_EQ(GetCustColor(0), 0);

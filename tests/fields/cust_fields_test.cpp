@@ -14,7 +14,7 @@ struct CustFields : testing::Test {
   Fresh fresh;
   UnitOpts units{};
   char text[64] = "";
-  void SetUp() override { makeTables(1, 2, 4); }
+  void SetUp() override { makeEmptyTables(1, 2, 4); }
   Cdt& cust(int32_t c = 1) { return model.cdt[c]; }
   double get(int16_t field, int32_t c = 1) { return GetCdtVal(c, text, field); }
 };

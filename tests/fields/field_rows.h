@@ -7,28 +7,9 @@
 #include <utility>
 
 #include "model/tables.h"
-#include "support/support.h"
+#include "support/model_builder.h"
 
 namespace pn10::test {
-
-/** Tables of so many empty records, as after a load. */
-inline void makeTables(int32_t nodes, int32_t pipes = 0, int32_t custs = 0, int32_t vtxs = 0) {
-  model.ndt = newTable<Ndt>(nodes);
-  model.nxy = newTable<NXY>(nodes);
-  model.pdt = newTable<Pdt>(pipes);
-  model.pxy = newTable<PXY>(pipes);
-  model.cdt = newTable<Cdt>(custs);
-  model.cxy = newTable<CXY>(custs);
-  model.vtx = newTable<Vtx>(vtxs);
-  model.ndtSlots = model.nxySlots = nodes + 1;
-  model.pdtSlots = model.pxySlots = pipes + 1;
-  model.cdtSlots = model.cxySlots = custs + 1;
-  model.vtxSlots = vtxs + 1;
-  model.nodeCount = nodes;
-  model.pipeCount = pipes;
-  model.custCount = custs;
-  model.vtxCount = vtxs;
-}
 
 inline void connect(int32_t pipe, int32_t from, int32_t to) {
   model.pdt[pipe].FROM_NODE = from;

@@ -16,7 +16,7 @@ struct NodeCalcs : testing::Test {
   int32_t pipes[7] = {};
   double xs[7] = {}, ys[7] = {};
   float zs[7] = {};
-  void SetUp() override { makeTables(4, 8, 0, 4); }
+  void SetUp() override { makeEmptyTables(4, 8, 0, 4); }
   Ndt& node(int32_t n = 1) { return model.ndt[n]; }
   double field(int16_t number, int32_t n = 1) { return GetNdtVal(n, text, number); }
 };

@@ -12,7 +12,7 @@ using namespace pn10::test;
 struct NodeFields : testing::Test {
   Fresh fresh;
   char text[64] = "";
-  void SetUp() override { makeTables(3, 8); }
+  void SetUp() override { makeEmptyTables(3, 8); }
   Ndt& node(int32_t n = 1) { return model.ndt[n]; }
 };
 

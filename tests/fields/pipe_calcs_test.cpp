@@ -15,7 +15,7 @@ struct PipeCalcs : testing::Test {
   TempDir dir;
   char text[64] = "";
   void SetUp() override {
-    makeTables(2, 1);
+    makeEmptyTables(2, 1);
     connect(1, 1, 2);
   }
   void TearDown() override {

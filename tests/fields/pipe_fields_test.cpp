@@ -9,7 +9,7 @@ using namespace pn10::test;
 struct PipeFields : testing::Test {
   Fresh fresh;
   char text[64] = "";
-  void SetUp() override { makeTables(3, 4, 0, 6); }
+  void SetUp() override { makeEmptyTables(3, 4, 0, 6); }
   Pdt& pipe(int32_t p = 1) { return model.pdt[p]; }
   double get(int16_t field, int32_t p = 1) { return GetPdtVal(p, text, field); }
 };

@@ -5,20 +5,7 @@ namespace {
 
 using namespace pn10::test;
 
-class Bitmaps : public testing::Test {
- protected:
-  void SetUp() override {
-    before = PnGetObjectCount();
-    dc = PnCreateImageDC(20, 12, 96, 0xFFFFFF);
-    SetStretchBltMode(dc, COLORONCOLOR);
-  }
-  void TearDown() override {
-    PnDeleteDC(dc);
-    EXPECT_EQ(PnGetObjectCount(), before);
-  }
-  int32_t before = 0;
-  HDC dc = nullptr;
-};
+class Bitmaps : public SmallImage {};
 
 TEST_F(Bitmaps, sections_share_their_bits_with_the_host) {
   for (const int height : {4, -4}) {

@@ -5,17 +5,8 @@ namespace {
 
 using namespace pn10::test;
 
-class Blits : public testing::Test {
+class Blits : public SmallImage {
  protected:
-  void SetUp() override {
-    before = PnGetObjectCount();
-    dc = PnCreateImageDC(20, 12, 96, 0xFFFFFF);
-    SetStretchBltMode(dc, COLORONCOLOR);
-  }
-  void TearDown() override {
-    PnDeleteDC(dc);
-    EXPECT_EQ(PnGetObjectCount(), before);
-  }
   /** The colours of row 0 from a transfer 1:1 of a two-pixel bitmap in memory, over a field. */
   std::string two(const Info& info, const Bytes& bits, uint32_t field = 0xFFFFFF, DWORD rop = SRCCOPY) {
     HBRUSH brush = CreateSolidBrush((field & 0xFF) << 16 | (field & 0xFF00) | field >> 16);
@@ -29,8 +20,6 @@ class Blits : public testing::Test {
     std::snprintf(text, sizeof text, "%06x %06x", rgb(dc, 1, 1), rgb(dc, 2, 1));
     return text;
   }
-  int32_t before = 0;
-  HDC dc = nullptr;
 };
 
 TEST_F(Blits, every_depth_shows_its_colours) {

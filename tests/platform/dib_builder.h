@@ -1,4 +1,4 @@
-/** Headers of bitmaps in memory, and memory contexts that hold one. */
+/** Headers of bitmaps in memory, contexts that hold one, and an image to transfer them to. */
 #ifndef PN10_TESTS_DIB_BUILDER_H
 #define PN10_TESTS_DIB_BUILDER_H
 
@@ -38,6 +38,24 @@ inline uint32_t rgb(HDC dc, int x, int y) {
   const auto p = static_cast<uint32_t>(PnGetPixel(dc, x, y));
   return (p & 0xFF) << 16 | (p & 0xFF00) | (p >> 16 & 0xFF);
 }
+
+/** A small white image that takes colours as they are; whatever a test makes besides, it deletes. */
+class SmallImage : public testing::Test {
+ protected:
+  void SetUp() override {
+    before_ = PnGetObjectCount();
+    dc = PnCreateImageDC(20, 12, 96, 0xFFFFFF);
+    SetStretchBltMode(dc, COLORONCOLOR);
+  }
+  void TearDown() override {
+    PnDeleteDC(dc);
+    EXPECT_EQ(PnGetObjectCount(), before_);
+  }
+  HDC dc = nullptr;
+
+ private:
+  int32_t before_ = 0;
+};
 
 /** A memory context that holds a bitmap of its own. */
 struct Memory {

@@ -72,6 +72,24 @@ Fdt ftgRecord(int32_t pipeId, std::string_view name, int number, float eqLength,
   return f;
 }
 
+void makeEmptyTables(int32_t nodes, int32_t pipes, int32_t customers, int32_t vertices) {
+  model.ndt = newTable<Ndt>(nodes);
+  model.nxy = newTable<NXY>(nodes);
+  model.pdt = newTable<Pdt>(pipes);
+  model.pxy = newTable<PXY>(pipes);
+  model.cdt = newTable<Cdt>(customers);
+  model.cxy = newTable<CXY>(customers);
+  model.vtx = newTable<Vtx>(vertices);
+  model.ndtSlots = model.nxySlots = nodes + 1;
+  model.pdtSlots = model.pxySlots = pipes + 1;
+  model.cdtSlots = model.cxySlots = customers + 1;
+  model.vtxSlots = vertices + 1;
+  model.nodeCount = nodes;
+  model.pipeCount = pipes;
+  model.custCount = customers;
+  model.vtxCount = vertices;
+}
+
 int32_t addNode(const Ndt& node) {
   const int32_t n = model.nodeCount + 1;
   EXPECT_EQ(ReallocNdt(n), 1);

@@ -50,6 +50,9 @@ std::string fileOf(const std::vector<Fdt>& ftgs); /* behind four zero bytes */
 
 /* --- tables ----------------------------------------------------------------------------------- */
 
+/** Tables of so many zeroed records with their screen records, and the counts that go with them, as after a load. */
+void makeEmptyTables(int32_t nodes, int32_t pipes = 0, int32_t customers = 0, int32_t vertices = 0);
+
 /** Adds one record the way a host does: grow table and screen table, count, set. Returns its record number. */
 int32_t addNode(const Ndt& node);
 int32_t addPipe(const Pdt& pipe);

@@ -6,24 +6,6 @@
 
 namespace pn10::test {
 
-void makeEmptyTables(int32_t nodes, int32_t pipes, int32_t customers, int32_t vertices) {
-  model.ndt = newTable<Ndt>(nodes);
-  model.nxy = newTable<NXY>(nodes);
-  model.pdt = newTable<Pdt>(pipes);
-  model.pxy = newTable<PXY>(pipes);
-  model.cdt = newTable<Cdt>(customers);
-  model.cxy = newTable<CXY>(customers);
-  model.vtx = newTable<Vtx>(vertices);
-  model.ndtSlots = model.nxySlots = nodes + 1;
-  model.pdtSlots = model.pxySlots = pipes + 1;
-  model.cdtSlots = model.cxySlots = customers + 1;
-  model.vtxSlots = vertices + 1;
-  model.nodeCount = nodes;
-  model.pipeCount = pipes;
-  model.custCount = customers;
-  model.vtxCount = vertices;
-}
-
 void makeRandomNetwork(uint32_t seed, NetworkSize size) {
   std::mt19937 random(seed);
   const auto upTo = [&](int n) { return static_cast<int>(random() % static_cast<uint32_t>(n + 1)); };

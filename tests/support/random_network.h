@@ -5,7 +5,7 @@
 
 #include <random>
 
-#include "support/support.h"
+#include "support/model_builder.h"
 
 namespace pn10::test {
 
@@ -15,9 +15,6 @@ struct NetworkSize {
 
 /** Fills the empty model; every record, its screen record and the vertices are set. The caller frees the model. */
 void makeRandomNetwork(uint32_t seed, NetworkSize size);
-
-/** Tables of n zeroed records and the counts that go with them. */
-void makeEmptyTables(int32_t nodes, int32_t pipes, int32_t customers, int32_t vertices);
 
 }  // namespace pn10::test
 

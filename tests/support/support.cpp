@@ -87,6 +87,12 @@ std::string only(const std::string& log, std::initializer_list<std::string_view>
   return out;
 }
 
+int timesIn(const std::string& log, std::string_view what) {
+  int n = 0;
+  for (size_t at = log.find(what); at != std::string::npos; at = log.find(what, at + 1)) n++;
+  return n;
+}
+
 std::string readFile(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
   std::ostringstream all;

@@ -99,6 +99,9 @@ std::string recorded(F&& f) {
 /** The lines of a log whose operation is one of `names`, e.g. only(log, {"LineTo", "MoveToEx"}). */
 std::string only(const std::string& log, std::initializer_list<std::string_view> names);
 
+/** How often `what` stands in a log. */
+int timesIn(const std::string& log, std::string_view what);
+
 /**
  * Compares with tests/golden/<name>; lines that begin with # are comments there and kept by a blessing.
  * With --bless on the command line the file is written anew instead; read the diff before it is committed.
