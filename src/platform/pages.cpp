@@ -1,3 +1,4 @@
+/** The hint for large pages, on systems that take one. */
 #include "platform/pages.h"
 
 #ifdef __linux__

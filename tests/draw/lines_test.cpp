@@ -1,3 +1,4 @@
+/** Line styles: dash patterns, pens, styled segments and arcs, worked out by hand. */
 #include "draw/lines.h"
 
 #include <algorithm>

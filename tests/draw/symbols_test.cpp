@@ -1,3 +1,4 @@
+/** DrawSymbol and DrawMark: sizes, limits and odd numbers, worked out by hand. */
 #include "draw/symbols.h"
 
 #include <cmath>

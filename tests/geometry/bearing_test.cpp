@@ -1,3 +1,4 @@
+/** Bearings and the points they lead to, inverse sines beyond one, rounding down. */
 #include <cmath>
 #include <limits>
 

@@ -1,3 +1,4 @@
+/** The isometric plane: points there and back, and bearings on it. */
 #include <cmath>
 
 #include "geometry/scene.h"

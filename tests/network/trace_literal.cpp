@@ -1,3 +1,4 @@
+/** The literal trace, walk by walk. */
 #include "network/trace_literal.h"
 
 #include <cmath>

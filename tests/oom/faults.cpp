@@ -1,3 +1,4 @@
+/** The wrapped allocator and fopen: counts down to the failure asked for, and keeps the book. */
 #include "faults.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+/** Records in which every member has a value of its own. */
 #include "support/model_builder.h"
 
 namespace pn10::test {

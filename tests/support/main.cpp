@@ -1,3 +1,4 @@
+/** The main program of every test program: GoogleTest, and --bless for golden files. */
 #include <gtest/gtest.h>
 
 #include <cstring>

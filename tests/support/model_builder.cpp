@@ -1,3 +1,4 @@
+/** Records and tables, made the way a host makes them. */
 #include "support/model_builder.h"
 
 #include <cstdlib>

@@ -1,3 +1,4 @@
+/** Records as they stand on file, packed member by member. */
 #include "support/model_builder.h"
 
 namespace pn10::test {

@@ -1,3 +1,4 @@
+/** Random networks from a seed. */
 #include "support/random_network.h"
 
 #include <cstdio>

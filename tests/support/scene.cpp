@@ -1,3 +1,4 @@
+/** The scenes that tests and benchmarks paint, and the view onto them. */
 #include "support/scene.h"
 
 #include <cmath>

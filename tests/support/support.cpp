@@ -1,3 +1,4 @@
+/** Folders, fresh state, messages, logs and golden files. */
 #include "support/support.h"
 
 #include <unistd.h>
