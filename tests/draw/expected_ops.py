@@ -322,7 +322,7 @@ def main():
         write("line_%d.ops" % n, sections)
 
     full = (0.0, TWO_PI)
-    east = (f32(math.radians(350)), f32(math.radians(10)))
+    east = (f32(350 * DEGREE), f32(10 * DEGREE))
     write("arc_poly.ops", [
         ("full circle", arc(0, f32(20.013), *full, False, 100.0031, 100.0017, False)),
         ("from 350 to 10 degrees", arc(0, f32(20.013), *east, False, 100.0031, 100.0017, False)),

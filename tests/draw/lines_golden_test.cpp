@@ -44,7 +44,7 @@ TEST(DrawArcPoly, paints_the_stated_chords) {
     Picture p;
     log += recorded([&] {
       DrawArcPoly(0, radius, 0, full, 0, x, y, 0);
-      DrawArcPoly(0, radius, 6.10865238f, 0.174532925f, 0, x, y, 0);
+      DrawArcPoly(0, radius, 350 * 0.017453292f, 10 * 0.017453292f, 0, x, y, 0);
       DrawArcPoly(0, radius, 7.1f, -8.2f, 0, x, y, 0);
       drawState.MinChord = 1.7f;
       DrawArcPoly(0, 3.013f, 0, full, 0, x, y, 0);

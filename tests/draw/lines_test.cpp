@@ -122,8 +122,8 @@ TEST(DrawArcPoly, a_full_circle_has_360_steps) {
 }
 
 TEST(DrawArcPoly, from_350_to_10_degrees_runs_through_east_in_20_steps) {
-  Picture p; /* 20 degrees are 0.34906585; angles a hair apart, so that the step of one degree fits 20 times */
-  EXPECT_EQ(chords(20, 6.10865f, 0.17454f), 20);
+  Picture p; /* degrees of 0.017453292: (6.28318548 - 6.10865211 + 0.17453292) / 0.017453292 = 20.00003 */
+  EXPECT_EQ(chords(20, 350 * 0.017453292f, 10 * 0.017453292f), 20);
 }
 
 TEST(DrawArcPoly, a_shortest_chord_of_ten_degrees_makes_36_sides) {
