@@ -112,9 +112,32 @@ TEST(SetPNGDIScale, without_pixels_the_shortest_pipe_is_half_a_pixel_in_feet) {
   for (float pixels : {0.0f, -4.0f}) {
     SetPNGDIScale(7, 52, 8, 51, 1000, 800, pixels, 8, 0, 0, 0, 0);
     EXPECT_EQ(drawState.MinChord, pixels / 1000);
-    /* one degree is 364813.26677 feet */
-    EXPECT_NEAR(drawState.MinPipeLength, 364813.26677 / 1000 / 2, 1e-4);
+    /* one degree is 3.28083992 * 6371009 * 0.01745329238474369 = 364813.266768978572 feet */
+    EXPECT_EQ(drawState.MinPipeLength, 182.406633384489f);
   }
+}
+
+TEST(SetPNGDIScale, the_points_factor_is_worked_out_in_single_precision) {
+  Picture p; /* the float nearest to 1000 / 3, 333.33334350585938, over a scale of 4 in double precision */
+  SetPNGDIScale(0, 250, 200, 0, 1000, 1000, 0, 3, 0, 0, 0, 0);
+  EXPECT_EQ(drawState.PointsFactor, -333.33334350585938);
+  EXPECT_EQ(drawState.UnitsPerDisplay, 83.333335876464845);
+}
+
+TEST(SetPNGDIScale, before_the_options_are_handed_over_short_pipes_are_kept) {
+  Fresh fresh;
+  SetPNGDIScale(0, 100, 100, 0, 1000, 1000, 5, 3, 0, 0, 0, 0);
+  EXPECT_EQ(drawState.ScaleX, 10);
+  EXPECT_EQ(drawState.MinPipeLength, 0);
+}
+
+TEST(SetPNGDIScale, a_device_without_width_has_no_scale_and_no_shortest_pipe) {
+  Picture p;
+  p.plot.ShortPipeSkip = 1;
+  SetPNGDIScale(0, 100, 100, 0, 0, 1000, 0, 3, 0, 0, 0, 0);
+  EXPECT_EQ(drawState.ScaleX, 0);
+  EXPECT_EQ(drawState.ScaleY, -10);
+  EXPECT_EQ(drawState.MinPipeLength, 0);
 }
 
 TEST(SetPNGDIScale, a_window_of_no_size_leaves_the_scale_at_zero) {

@@ -23,6 +23,26 @@ TEST(SelectedPen, is_made_anew_only_when_its_look_changes_and_put_back_at_the_en
   EXPECT_EQ(PnGetObjectCount(), before);
 }
 
+TEST(SelectedPen, that_was_put_back_is_made_anew) {
+  Picture p;
+  const std::string log = recorded([&] {
+    SelectedPen pen(p.dc);
+    EXPECT_TRUE(pen.plain(PS_SOLID, 1, 0x0000FF));
+    pen.restore();
+    EXPECT_EQ(pen.object(), nullptr);
+    EXPECT_TRUE(pen.plain(PS_SOLID, 1, 0x0000FF));
+  });
+  EXPECT_EQ(only(log, {"CreatePen"}), "CreatePen pen(0,1,0x0000FF)\nCreatePen pen(0,1,0x0000FF)\n");
+}
+
+TEST(SelectedPen, that_can_not_be_selected_is_deleted_at_once) {
+  const int32_t before = PnGetObjectCount();
+  SelectedPen pen(nullptr);
+  EXPECT_FALSE(pen.plain(PS_SOLID, 1, 0x0000FF));
+  EXPECT_EQ(pen.object(), nullptr);
+  EXPECT_EQ(PnGetObjectCount(), before);
+}
+
 TEST(SelectedPen, that_can_not_be_made_leaves_the_old_one_and_is_tried_once) {
   Picture p;
   const int32_t before = PnGetObjectCount();

@@ -28,6 +28,8 @@ TEST(HiliteColor, is_the_hosts_or_stands_off_the_background) {
   Picture p;
   p.plot.HiliteColor = 0x123456;
   EXPECT_EQ(HiliteColor(0xFF0000), 0x123456);
+  p.plot.HiliteColor = 0; /* black is a colour */
+  EXPECT_EQ(HiliteColor(0xFF0000), 0);
   p.plot.HiliteColor = -1;
   p.view.BackColor = 0xFFFFFF;
   EXPECT_EQ(HiliteColor(0xFF0000), 0x00FFFF);

@@ -139,6 +139,26 @@ TEST(DrawArcPoly, with_the_clip_flag_one_visible_end_is_enough) {
   EXPECT_NE(log(3), "");
 }
 
+TEST(DrawArcPoly, is_laid_on_the_ground_in_the_isometric_and_the_geographic_view_only) {
+  const auto log = [](int16_t projection, int16_t iso, int16_t project) {
+    Picture p(projection, iso);
+    return recorded([=] { DrawArcPoly(3, 5, 1, 2, 0, 60, 55, project); });
+  };
+  const std::string plain = log(0, 0, 0);
+  EXPECT_EQ(log(0, 0, 1), plain);
+  EXPECT_EQ(log(2, 1, 1), plain);
+  EXPECT_NE(log(0, 1, 1), plain);
+  EXPECT_NE(log(1, 0, 1), plain);
+  EXPECT_EQ(log(0, 1, 0), plain);
+  EXPECT_EQ(log(1, 0, 0), plain);
+}
+
+TEST(DrawArcPoly, the_clip_flag_looks_at_the_ends_as_they_are_painted) {
+  Picture p(0, 1); /* (150, 150) leans to X 259.8, beyond the window of 200 */
+  EXPECT_EQ(recorded([] { DrawArcPoly(0, 5, 1, 2, 1, 150, 150, 1); }), "");
+  EXPECT_NE(recorded([] { DrawArcPoly(0, 5, 1, 2, 1, 150, 150, 0); }), "");
+}
+
 TEST(DrawArcPoly, sizes_and_angles_beyond_all_bounds_end) {
   Picture p;
   drawState.MinChord = 1;

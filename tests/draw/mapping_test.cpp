@@ -69,6 +69,17 @@ TEST(OutOfView, the_border_is_in_view) {
   EXPECT_EQ(OutOfView(40, 100), 1);
 }
 
+TEST(BoxExceeds, both_ways_whichever_corner_comes_first) {
+  const struct {
+    DevPoint a, b;
+    bool exceeds;
+  } rows[] = {{{0, 0}, {3, 3}, true},  {{3, 3}, {0, 0}, true},
+              {{0, 3}, {3, 0}, true},  {{0, 0}, {2, 3}, false},
+              {{0, 0}, {3, 2}, false}, {{2, 3}, {0, 0}, false},
+              {{3, 2}, {0, 0}, false}, {{INT32_MIN, INT32_MIN}, {INT32_MAX, INT32_MAX}, true}};
+  for (auto& r : rows) EXPECT_EQ(BoxExceeds(r.a, r.b, 2), r.exceeds) << r.a.x << ' ' << r.a.y;
+}
+
 struct Cut {
   double x1, y1, x2, y2;
   int32_t result;

@@ -58,6 +58,18 @@ TEST(PollCancel, other_messages_stay_in_the_queue) {
   EXPECT_FALSE(k.empty());
 }
 
+TEST(PollCancel, takes_every_kind_of_key_message_and_no_other) {
+  Keys k;
+  for (uint32_t message = 0x100; message <= 0x109; message++) k.key(message, 0);
+  EXPECT_EQ(PollCancel(k.window), 0);
+  EXPECT_TRUE(k.empty());
+  for (uint32_t message : {0xFFu, 0x10Au}) {
+    k.key(message, 0);
+    EXPECT_EQ(PollCancel(k.window), 0);
+    EXPECT_FALSE(k.empty()) << message;
+  }
+}
+
 int32_t pollsOf(int32_t first, int32_t last, int32_t percent, int items, int16_t devMode = 0) {
   Keys k;
   k.plot.PollPercent = percent;

@@ -92,6 +92,30 @@ TEST(DrawMark, symbols_11_and_101_differ_by_a_quarter_turn) {
   EXPECT_EQ(mark(11, 19.37f, 0.3f), symbol(11, 19.37f, 0.3f - kQuarter));
 }
 
+/** A kind of view: the projection and the iso flag. */
+constexpr struct { int16_t projection, iso; } kPlainViews[] = {{1, 0}, {1, 1}, {2, 0}, {2, 1}};
+
+TEST(DrawMark, has_the_same_shapes_in_every_view_but_the_isometric) {
+  for (int n = -111; n <= 111; n++) {
+    const auto shape = [&](int16_t projection, int16_t iso) {
+      Picture p(projection, iso);
+      return mark(static_cast<int16_t>(n), 19.37f, 0.7f);
+    };
+    for (auto& view : kPlainViews) EXPECT_EQ(shape(view.projection, view.iso), shape(0, 0)) << n;
+  }
+}
+
+TEST(DrawSymbol, has_the_same_shapes_in_every_view) {
+  for (int n = 1; n <= 111; n++) {
+    const auto shape = [&](int16_t projection, int16_t iso) {
+      Picture p(projection, iso);
+      return symbol(static_cast<int16_t>(n), 19.37f, 0.7f);
+    };
+    EXPECT_EQ(shape(0, 1), shape(0, 0)) << n;
+    for (auto& view : kPlainViews) EXPECT_EQ(shape(view.projection, view.iso), shape(0, 0)) << n;
+  }
+}
+
 TEST(DrawMark, a_size_of_zero_or_beyond_all_bounds_is_harmless) {
   Picture p;
   for (int n = -120; n <= 120; n++) {

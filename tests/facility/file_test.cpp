@@ -117,8 +117,11 @@ TEST_F(FacilityFile, long_lines_come_in_pieces_of_255) {
 }
 
 TEST_F(FacilityFile, failures_leave_an_empty_table) {
-  DefaultFac();
+  makeFacilities({9, 30002});
+  EXPECT_EQ(FindFacRnoIdx(30002), 2);
   EXPECT_EQ(ReadFac(dir.path("missing").c_str()), -2);
+  EXPECT_EQ(GetFacVal(1, 0, text, 1), -1.0) << "no row is left";
+  EXPECT_EQ(GetFacVal(0, 1, text, 12), 0.0) << "nor the last number";
   EXPECT_EQ(GetFacVal(0, 30002, text, 0), 0.0);
   EXPECT_EQ(GetFacVal(0, 1, text, 13), 0.0);
   EXPECT_EQ(ReadFac(nullptr), -2);

@@ -60,12 +60,12 @@ TEST_F(FacilityFlags, the_equation_keeps_its_negative_sign_when_a_row_gives_it) 
 TEST_F(FacilityFlags, nodes_end_with_the_union_of_their_pipes) {
   makeNetwork(3, {{1, 2}, {2, 3}});
   setFlags(model.pxy[1], 1, 0, 3, 0);
-  setFlags(model.pxy[2], 0, 2, 4, 0);
+  setFlags(model.pxy[2], 0, 2, 4, 5);
   SetNodeFacFlags(1, 1, 2, "Psi");
   SetNodeFacFlags(2, 2, 3, "Psi");
   EXPECT_EQ(flagsOf(model.nxy[1]), (Flags{1, 0, 3, 0}));
-  EXPECT_EQ(flagsOf(model.nxy[2]), (Flags{1, 2, 4, 0})) << "a zero changes nothing, the later value stands";
-  EXPECT_EQ(flagsOf(model.nxy[3]), (Flags{0, 2, 4, 0}));
+  EXPECT_EQ(flagsOf(model.nxy[2]), (Flags{1, 2, 4, 5})) << "a zero changes nothing, the later value stands";
+  EXPECT_EQ(flagsOf(model.nxy[3]), (Flags{0, 2, 4, 5}));
 }
 
 TEST_F(FacilityFlags, nodes_without_a_pressure_take_the_units_of_the_facility) {

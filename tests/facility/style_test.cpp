@@ -225,6 +225,7 @@ TEST_F(PipeStyle, nodes_and_customers_fall_back_to_their_default) {
   FreeModel();
   makeEmptyTables(1, 1, 1);
   EXPECT_EQ(GetNodeColor(5), 5);
+  EXPECT_EQ(GetNodeColor(0), 0) << "black is a colour";
   EXPECT_EQ(GetNodeColor(-1), kNode);
   EXPECT_EQ(GetCustColor(0), 0);
   EXPECT_EQ(GetCustColor(-3), kCust);

@@ -13,6 +13,7 @@ class FacilityTable : public testing::Test {
 };
 
 TEST_F(FacilityTable, the_default_has_four_rows) {
+  makeFacilities({9});  // its last number is forgotten
   EXPECT_EQ(DefaultFac(), 4);
   struct {
     const char* name;
@@ -153,6 +154,8 @@ TEST_F(FacilityTable, finders_give_the_first_match) {
   EXPECT_EQ(FindFacRnoId("same"), 0);
   EXPECT_EQ(FindFacRnoId((std::string(40, 'a') + "other").c_str()), 4) << "forty characters count";
   EXPECT_EQ(FindFacRnoId(std::string(39, 'a').c_str()), 0);
+  SetFacVal(5, 1, "Last", 0);
+  EXPECT_EQ(FindFacRnoId("Last"), 5);
   EXPECT_EQ(FindFacRnoId(nullptr), 0);
 }
 

@@ -50,8 +50,9 @@ void SceneView::setup() {
 
 void SceneView::paintQuietly() {
   setup();
-  DrawPict(1, model.pipeCount, 1, model.nodeCount, 1, model.custCount, 1, model.textCount, 1, model.ugdCount,
-           clearHilite, &recolourPipes, &recolourNodes, &recolourCusts, linesOnly);
+  EXPECT_EQ(DrawPict(1, model.pipeCount, 1, model.nodeCount, 1, model.custCount, 1, model.textCount, 1, model.ugdCount,
+                     clearHilite, &recolourPipes, &recolourNodes, &recolourCusts, linesOnly),
+            -1); /* also when it was cancelled */
 }
 
 std::string SceneView::paint() {
