@@ -104,6 +104,9 @@ TEST(SetPNGDIScale, shortest_chord_and_pipe_come_from_the_pixels) {
   SetPNGDIScale(100, 500, 300, 400, 1000, 800, 3, 8, 0, 0, 0, 0);
   EXPECT_EQ(drawState.MinChord, 0.6f);
   EXPECT_EQ(drawState.MinPipeLength, 0.3f);
+  SetPNGDIScale(100, 500, 300, 400, 1000, 800, 0.5f, 8, 0, 0, 0, 0);
+  EXPECT_EQ(drawState.MinChord, 0.1f);
+  EXPECT_EQ(drawState.MinPipeLength, 0.05f);
 }
 
 TEST(SetPNGDIScale, without_pixels_the_shortest_pipe_is_half_a_pixel_in_feet) {

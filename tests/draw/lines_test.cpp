@@ -69,6 +69,25 @@ TEST(DrawStyledSegment, repeats_of_a_segment_of_five_spacings) {
   EXPECT_EQ(count(along5(15), "Ellipse"), 5);
 }
 
+TEST(DrawStyledSegment, a_repeat_begins_where_its_share_of_the_segment_fits) {
+  Picture p;
+  struct {
+    int16_t style;
+    double length; /* of spacings of 4: the shortest with its count, and one a little shorter */
+    int marks;
+    double shorter;
+  } rows[] = {{11, 18, 5, 17.98}, {21, 18, 5, 17.98}, {13, 18, 5, 17.98},
+              {14, 18, 5, 17.98}, {12, 16, 6, 15.98}, {15, 20.02, 5, 19.98}};
+  for (auto& r : rows) {
+    const auto marks = [&](double length) {
+      const std::string log = recorded([&] { DrawStyledSegment(r.style, 4, 20, 100, 20 + length, 100); });
+      return count(log, r.style == 15 ? "Ellipse" : "LineTo") - (r.style == 15 ? 0 : 1);
+    };
+    EXPECT_EQ(marks(r.length), r.marks) << r.style;
+    EXPECT_EQ(marks(r.shorter), 4) << r.style; /* of style 12 two crosses */
+  }
+}
+
 TEST(DrawStyledSegment, first_strokes_by_hand) {
   Picture p; /* 1 spacing = 40 units, 0.667 of it = 26.68; the line lies at device y 1000 */
   const auto second = [](const std::string& log) {
@@ -119,6 +138,11 @@ int64_t chords(float radius, float start, float end) {
 TEST(DrawArcPoly, a_full_circle_has_360_steps) {
   Picture p;
   EXPECT_EQ(chords(20, 0, 6.2831855f), 360);
+}
+
+TEST(DrawArcPoly, between_equal_angles_is_a_point) {
+  Picture p;
+  EXPECT_EQ(recorded([] { DrawArcPoly(0, 20.01f, 0, 0, 0, 100, 100.05, 0); }), "MoveToEx 1200 999\nLineTo 1200 999\n");
 }
 
 TEST(DrawArcPoly, from_350_to_10_degrees_runs_through_east_in_20_steps) {

@@ -29,6 +29,25 @@ TEST_F(NodePass, flag_3_is_an_outline_and_needs_its_switch) {
             "LineTo 265 701\nMoveToEx 215 701\nLineTo 260 733\n");
 }
 
+TEST_F(NodePass, the_symbol_on_a_load_flag_is_a_sixth_of_the_flag) {
+  add().FLAG_TYPE = 2;
+  // s = 10: size 1.65, on a mast of 8.35 at 81 degrees and 2.5 to the right: (53.8062, 58.2472).
+  EXPECT_EQ(ops({"Ellipse"}), "Ellipse 495 495 505 505\nEllipse 529 409 546 425\n");
+}
+
+TEST_F(NodePass, a_flag_is_in_the_objects_of_a_solid_symbol_also_behind_a_hollow_one) {
+  Ndt& hollow = add(20, 20);
+  hollow.SYMBOL = -3;
+  hollow.FLAG_TYPE = 1;
+  add(60, 20).FLAG_TYPE = 1;
+  // Pens: of the picture, of the pass, of the hollow one's flag. Brushes: of the pass, of that flag, of the solid one.
+  EXPECT_EQ(ops({"CreatePen"}),
+            "CreatePen pen(0,1,0x000000)\nCreatePen pen(0,1,0x0000FF)\nCreatePen pen(0,1,0x0000FF)\n");
+  EXPECT_EQ(ops({"CreateSolidBrush"}),
+            "CreateSolidBrush brush(0,0x0000FF)\nCreateSolidBrush brush(0,0x0000FF)\nCreateSolidBrush "
+            "brush(0,0x0000FF)\n");
+}
+
 TEST_F(NodePass, the_load_mark_takes_unit_and_load_factors_as_they_are_meant) {
   picture.view.NodeLoadMarkOn = 1;
   picture.loadFactor = 0;

@@ -83,6 +83,7 @@ int32_t pollsOf(int32_t first, int32_t last, int32_t percent, int items, int16_t
 TEST(CancelPolls, every_batch_and_once_more_at_the_end) {
   EXPECT_EQ(pollsOf(1, 101, 10, 100), 10); /* (100 * 10) / 100 = 10 items */
   EXPECT_EQ(pollsOf(1, 101, 10, 95), 10);  /* nine batches and five items */
+  EXPECT_EQ(pollsOf(1, 101, 10, 92), 10);  /* nine batches and two items */
   EXPECT_EQ(pollsOf(1, 101, 10, 91), 9);   /* one item left is not above 1 */
   EXPECT_EQ(pollsOf(1, 100, 10, 18), 2);   /* 99 * 10 / 100 = 9 */
 }

@@ -92,6 +92,12 @@ TEST(DrawMark, symbols_11_and_101_differ_by_a_quarter_turn) {
   EXPECT_EQ(mark(11, 19.37f, 0.3f), symbol(11, 19.37f, 0.3f - kQuarter));
 }
 
+TEST(DrawMark, draws_its_circle_also_when_the_east_of_it_is_out_of_view) {
+  Picture p; /* it begins at (209, 60), beyond the right border at 200 */
+  const std::string log = recorded([] { DrawMark(110, 20, 0, 0, 0, 199, 60); });
+  EXPECT_NE(log.find("MoveToEx 2090 1400\n"), std::string::npos) << log;
+}
+
 /** A kind of view: the projection and the iso flag. */
 constexpr struct { int16_t projection, iso; } kPlainViews[] = {{1, 0}, {1, 1}, {2, 0}, {2, 1}};
 

@@ -165,6 +165,8 @@ TEST_F(FacilityFile, an_empty_table_touches_no_file) {
   EXPECT_EQ(SaveFac(dir.path("out").c_str(), "t"), 0);
   SetFacVal(1, 13, nullptr, 3);
   EXPECT_EQ(SaveFac(dir.path("out").c_str(), "t"), 0) << "a count without a table";
+  ReallocFac(0);
+  EXPECT_EQ(SaveFac(dir.path("out").c_str(), "t"), 0) << "a table without rows";
   ReallocFac(2);
   SetFacVal(1, 13, nullptr, -5);
   EXPECT_EQ(SaveFac(dir.path("out").c_str(), "t"), 0);

@@ -359,8 +359,10 @@ TEST_F(FacilityFlags, records_that_are_not_there_do_nothing) {
 }
 
 TEST_F(FacilityFlags, nodes_that_are_not_there_do_nothing) {
-  makeFacilities({0});
+  Fac& row = makeFacilities({0})[1];
+  row.Display = row.Report = row.Aux = row.Active = 1;
   makeNetwork(2, {{-5, 77}, {0, 1}});
+  model.ndt[0].PRESSURE = -1;
   for (int32_t pipe : {1, 2}) {
     SetPipeFacFlags(pipe, 1);
     SetNodeFacFlags(pipe, model.pdt[pipe].FROM_NODE, model.pdt[pipe].TO_NODE, "Psi");

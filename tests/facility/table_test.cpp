@@ -150,6 +150,8 @@ TEST_F(FacilityTable, finders_give_the_first_match) {
   EXPECT_EQ(FindFacRnoIdx(70000 - 65536), 0);
   EXPECT_EQ(FindFacRnoIdx(8), 0);
   EXPECT_EQ(FindFacRnoIdx(INT32_MIN), 0);
+  SetFacVal(1, 1, "First", 0);
+  EXPECT_EQ(FindFacRnoId("First"), 1);
   EXPECT_EQ(FindFacRnoId("Same"), 2);
   EXPECT_EQ(FindFacRnoId("same"), 0);
   EXPECT_EQ(FindFacRnoId((std::string(40, 'a') + "other").c_str()), 4) << "forty characters count";
@@ -210,6 +212,7 @@ TEST_F(FacilityTable, free_twice_gives_one_both_times_and_keeps_the_last_number)
   EXPECT_EQ(FreeFac(), 1);
   EXPECT_EQ(GetFacVal(0, 1, text, 13), 0.0);
   EXPECT_EQ(GetFacVal(0, 1, text, 12), 9.0);
+  EXPECT_EQ(GetFacVal(0, 9, text, 2), 0.0) << "the empty row stands in";
   SetFacVal(1, 13, nullptr, 5);
   FreeFac();
   EXPECT_EQ(GetFacVal(0, 1, text, 13), 5.0) << "the count is cleared only with a table";

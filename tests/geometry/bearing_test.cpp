@@ -24,6 +24,8 @@ TEST(GetBrg, quadrants_count_from_the_axes) {
   EXPECT_EQ(GetBrg(10, 20, 9, 18), kPi + a);
   EXPECT_EQ(GetBrg(10, 20, 11, 18), kTwo - a);
   EXPECT_EQ(GetBrg(0, 0, 1, -1), kTwo - std::atan(1.0));
+  EXPECT_EQ(GetBrg(0, 0, -1, 0.5), kPi - std::atan(0.5));
+  EXPECT_EQ(GetBrg(0, 0, -1, -0.5), kPi + std::atan(0.5));
 }
 
 struct Moved {

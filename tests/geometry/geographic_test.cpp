@@ -52,6 +52,14 @@ TEST(CalcGeoY, keeps_the_middle_of_the_window) {
   EXPECT_NEAR(CalcGeoY(-33.25, 150, -33, 152, -33.5, 9), -33.25, 1e-9);
 }
 
+TEST(CalcGeoY, follows_every_change_of_the_window) {
+  const struct { double y1, y2; } windows[] = {{52, 51}, {53, 51}, {53, 49}, {52, 49}};
+  for (auto& w : windows) {
+    const double middle = (w.y1 + w.y2) / 2;
+    EXPECT_NEAR(CalcGeoY(middle, 7, w.y1, 8, w.y2, 12), middle, 1e-9);
+  }
+}
+
 TEST(CalcGeoY, a_middle_beyond_the_pole_has_no_picture) {
   EXPECT_EQ(CalcGeoY(51, 7, 100, 8, 99, 12), -99999999.0);
   EXPECT_EQ(CalcLatFromPictY(51, 7, 100, 8, 99, 12), -99999999.0);
