@@ -3,8 +3,11 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <cstring>
+
+#include "output.h"
 
 namespace host {
 
@@ -40,13 +43,22 @@ void printOverview() {
       "Exit codes: 0 done, 1 failed, 2 wrong words on the command line.\n");
 }
 
+/** A dash begins an option, unless a number follows it. */
+bool isOption(const std::string& word) {
+  return word.size() > 1 && word[0] == '-' && word[1] != '.' && !(word[1] >= '0' && word[1] <= '9');
+}
+
 Args parse(const Command& command, int argc, char** argv) {
   Args args;
+  bool optionsEnded = false;
   for (int i = 2; i < argc; i++) {
     std::string word = argv[i];
-    // A single dash begins the short form -o; a number may be negative.
+    if (!optionsEnded && word == "--") {
+      optionsEnded = true;
+      continue;
+    }
     if (word == "-o") word = "--output";
-    if (word.size() < 3 || word.compare(0, 2, "--") != 0) {
+    if (optionsEnded || !isOption(word)) {
       args.positional.push_back(word);
       continue;
     }
@@ -93,8 +105,11 @@ int runOne(const Command& command, int argc, char** argv) {
 bool parseNumber(const std::string& text, double* value) {
   const char* begin = text.c_str();
   if (*begin == '+') begin++;
-  const auto done = std::from_chars(begin, text.c_str() + text.size(), *value);
-  return done.ec == std::errc() && done.ptr == text.c_str() + text.size() && begin != done.ptr;
+  double read = 0;
+  const auto done = std::from_chars(begin, text.c_str() + text.size(), read);
+  if (done.ec != std::errc() || done.ptr != text.c_str() + text.size() || !std::isfinite(read)) return false;
+  *value = read;
+  return true;
 }
 
 std::string Args::text(const std::string& option, const std::string& otherwise) const {
@@ -129,21 +144,38 @@ std::vector<double> Args::numbers(const std::string& option, size_t count) const
   return values;
 }
 
+double Args::numberWithin(const std::string& option, double otherwise, double low, double high) const {
+  const double value = number(option, otherwise);
+  if (has(option) && !(value >= low && value <= high))
+    throw UsageError{option + " wants " + shortNumber(low) + " to " + shortNumber(high) + ", not '" + text(option) +
+                     "'"};
+  return value;
+}
+
+int64_t Args::wholeWithin(const std::string& option, int64_t otherwise, int64_t low, int64_t high) const {
+  const auto value = number(option, static_cast<double>(otherwise));
+  if (!(value >= static_cast<double>(low) && value <= static_cast<double>(high)) || value != std::floor(value)) {
+    throw UsageError{option + " wants a whole number from " + std::to_string(low) + " to " + std::to_string(high) +
+                     ", not '" + text(option) + "'"};
+  }
+  return static_cast<int64_t>(value);
+}
+
 int runCommand(int argc, char** argv) {
-  const std::string name = argc > 1 ? argv[1] : "--help";
-  if (name == "--help" || name == "-h" || name == "help") {
+  std::string name = argc > 1 ? argv[1] : "--help";
+  bool help = name == "--help" || name == "-h" || name == "help";
+  if (help && argc < 3) {
     printOverview();
     return argc > 1 ? kDone : kUsage;
   }
+  if (help) name = argv[2];
+  for (int i = 2; i < argc && std::strcmp(argv[i], "--"); i++)
+    help = help || !std::strcmp(argv[i], "--help") || !std::strcmp(argv[i], "-h");
   for (const Command& command : commands()) {
     if (name != command.name) continue;
-    for (int i = 2; i < argc; i++) {
-      if (!std::strcmp(argv[i], "--help")) {
-        printHelp(command);
-        return kDone;
-      }
-    }
-    return runOne(command, argc, argv);
+    if (!help) return runOne(command, argc, argv);
+    printHelp(command);
+    return kDone;
   }
   std::fprintf(stderr, "pn10: unknown command '%s'; pn10 --help lists them\n", name.c_str());
   return kUsage;

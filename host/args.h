@@ -3,6 +3,7 @@
 #ifndef PN10_HOST_ARGS_H
 #define PN10_HOST_ARGS_H
 
+#include <cstdint>
 #include <map>
 #include <string>
 #include <vector>
@@ -27,6 +28,10 @@ class Args {
   std::vector<std::string> all(const std::string& option) const;
   /** A number; a text that is none ends the command with a usage error. */
   double number(const std::string& option, double otherwise) const;
+  /** A number from `low` to `high`, both allowed. */
+  double numberWithin(const std::string& option, double otherwise, double low, double high) const;
+  /** The same, and whole. */
+  int64_t wholeWithin(const std::string& option, int64_t otherwise, int64_t low, int64_t high) const;
   /** Comma-separated numbers, exactly `count` of them. */
   std::vector<double> numbers(const std::string& option, size_t count) const;
   void add(const std::string& option, const std::string& value) { given_[option].push_back(value); }
@@ -56,7 +61,7 @@ struct Failure {
   std::string message;
 };
 
-/** A whole text as a number; false when it is none. */
+/** A whole text as a finite number; false, and `value` as it was, when it is none. */
 bool parseNumber(const std::string& text, double* value);
 
 /** Runs the program. */

@@ -1,4 +1,4 @@
-// pn10 fields: every numbered field of one record. pn10 set: one field stored, the model saved.
+// pn10 fields: every numbered field of one record.
 #include <pn10gdi.h>
 
 #include <cstdio>
@@ -14,7 +14,7 @@ namespace {
 
 int runFields(const Args& args) {
   const Kind kind = parseKind(args.positional[1]);
-  openModel(args.positional[0]);
+  openModel(modelBase(args.positional[0]));
   const int32_t record = parseRecord(kind, args.positional[2]);
   Json json;
   json.open('{').member("kind", kindName(kind)).member("record", double(record)).open('[', "fields");
@@ -40,32 +40,6 @@ int runFields(const Args& args) {
   return 0;
 }
 
-int runSet(const Args& args) {
-  const Kind kind = parseKind(args.positional[1]);
-  const FieldName field = parseField(kind, args.positional[3]);
-  const std::string& given = args.positional[4];
-  double value = 0;
-  if (field.reads != Reads::Text && !parseNumber(given, &value)) {
-    throw UsageError{std::string(field.name) + " wants a number, not '" + given + "'"};
-  }
-  openModel(args.positional[0]);
-  const int32_t record = parseRecord(kind, args.positional[2]);
-  // The library says nothing of a field that only reads: what comes back tells.
-  const double before = number(kind, record, field.number);
-  const std::string wordsBefore = text(kind, record, field.number);
-  store(kind, record, field.number, ansi(given), value);
-  const bool changed = field.reads == Reads::Text ? text(kind, record, field.number) == ansi(given) ||
-                                                        text(kind, record, field.number) != wordsBefore
-                                                  : number(kind, record, field.number) != before || before == value;
-  if (!changed) {
-    closeModel();
-    throw Failure{std::string(field.name) + " can't be stored: it is computed, or the value does not fit"};
-  }
-  saveModel(args.positional[0]);
-  closeModel();
-  return 0;
-}
-
 }  // namespace
 
 Command fieldsCommand() {
@@ -75,15 +49,6 @@ Command fieldsCommand() {
           "pn10 fields town/town pipe 12",
           {{"--json", nullptr, "as JSON"}},
           runFields};
-}
-
-Command setCommand() {
-  return {"set",
-          "BASE KIND RECORD FIELD VALUE",
-          "Stores one field, by number or name, and saves the model; the files before stay as .bak.",
-          "pn10 set town/town node 5 PRESSURE 58.5",
-          {},
-          runSet};
 }
 
 }  // namespace host

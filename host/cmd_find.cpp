@@ -1,6 +1,7 @@
 // pn10 find: a node by its name, a pipe by its id or identifier, or what lies at a point.
 #include <pn10gdi.h>
 
+#include <cmath>
 #include <cstdio>
 #include <cstring>
 
@@ -46,7 +47,7 @@ int32_t findNode(const std::string& name, bool partial) {
 
 int32_t findPipe(const std::string& word, bool partial) {
   double id = 0;
-  if (parseNumber(word, &id)) {
+  if (parseNumber(word, &id) && std::fabs(id) <= 2147483647.0 && id == std::floor(id)) {
     if (const int32_t pipe = FindPipeByID(static_cast<int32_t>(id))) return pipe;
   }
   std::string upper = ansi(word);
@@ -54,10 +55,22 @@ int32_t findPipe(const std::string& word, bool partial) {
   return FindPipeByLinkID(upper.c_str(), 1, partial);
 }
 
+/** The nearest node that is not farther away than `within`, which receives its distance; 0 without one. */
+int32_t nodeAt(double x, double y, double* within) {
+  int32_t found = 0;
+  for (int32_t n = 1; n <= recordCount(Kind::Node); n++) {
+    const double away = std::hypot(number(Kind::Node, n, NDT_X_COORD) - x, number(Kind::Node, n, NDT_Y_COORD) - y);
+    if (away > *within || (found && away == *within) || isDeleted(Kind::Node, n)) continue;
+    found = n;
+    *within = away;
+  }
+  return found;
+}
+
 int run(const Args& args) {
   const int asked = args.has("--node") + args.has("--pipe") + args.has("--at");
   if (asked != 1) throw UsageError{"one of --node, --pipe and --at is wanted"};
-  openModel(args.positional[0]);
+  openModel(modelBase(args.positional[0]));
   const bool partial = args.has("--partial");
   Kind kind = Kind::Pipe;
   int32_t record = 0;
@@ -70,9 +83,10 @@ int run(const Args& args) {
   } else {
     const std::vector<double> at = args.numbers("--at", 2);
     const Extent extent = modelExtent(false);
-    const double radius = args.number("--radius", 0.01 * (extent.width() + extent.height()));
+    const double radius = args.numberWithin("--radius", 0.01 * (extent.width() + extent.height()), 0, 1e30);
     // A node wins over the pipes that end at it, within a tenth of the radius.
-    record = FindNodeFuzzy(at[0], at[1], static_cast<float>(radius * 0.1));
+    away = radius * 0.1;
+    record = nodeAt(at[0], at[1], &away);
     if (record) {
       kind = Kind::Node;
     } else {
@@ -96,7 +110,7 @@ Command findCommand() {
   return {"find",
           "BASE",
           "A node by name, a pipe by id or identifier, or what lies at a point.",
-          "pn10 find town/town --node \"Maple Ln & Meadow Blvd\"",
+          "pn10 find town/town --node \"Forest Rd & Clark Blvd\"",
           {{"--node", "NAME", "a node, in any case"},
            {"--pipe", "ID", "a pipe by its id, or by its external identifier"},
            {"--partial", nullptr, "a part of the name or identifier is enough"},

@@ -45,6 +45,7 @@ int run(const Args& args) {
   source.units.geographic = units && units->degrees;
   ImportCounts counts;
   const Network network = makeNetwork(source, &counts);
+  refuseToReplace(args.positional[1], args);
   if (network.links.empty()) throw Failure{args.positional[0] + ": there is no pipe to import"};
   saveNetwork(network, args.positional[1]);
   closeModel();
@@ -70,7 +71,8 @@ Command importCommand() {
           "pn10 import networks/town models/town --units metric",
           {{"--units", "UNITS",
             "us (feet, inches), metric (metres, millimetres), us-degrees or metric-degrees for longitude and latitude; "
-            "CSV is metric without it, an .inp says it itself"}},
+            "CSV is metric without it, an .inp says it itself"},
+           replaceOption()},
           run};
 }
 

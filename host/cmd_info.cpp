@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <map>
 
 #include "commands.h"
@@ -22,9 +23,21 @@ struct Sum {
   double length = 0; /* feet */
 };
 
+/** Sizes in the order of their numbers: 2" before 12". */
+struct ByNumber {
+  bool operator()(const std::string& a, const std::string& b) const {
+    const double x = leading(a), y = leading(b);
+    return x != y ? x < y : a < b;
+  }
+  static double leading(const std::string& name) {
+    return !name.empty() && name[0] >= '0' && name[0] <= '9' ? std::strtod(name.c_str(), nullptr) : 0;
+  }
+};
+using Sums = std::map<std::string, Sum, ByNumber>;
+
 struct Totals {
   int32_t live[3] = {}, deleted[3] = {};
-  std::map<std::string, Sum> bySize, byFacility;
+  Sums bySize, byFacility;
   Sum byType[6], pipes;
   int32_t vertices = 0, withService = 0;
   double supply = 0, drawn = 0, custLoad = 0; /* cubic feet per hour; of nodes, and of customers */
@@ -80,7 +93,7 @@ Totals addUp() {
   return t;
 }
 
-void addGroup(Json& json, const char* name, const std::map<std::string, Sum>& sums) {
+void addGroup(Json& json, const char* name, const Sums& sums) {
   json.open('[', name);
   for (const auto& [key, sum] : sums) {
     json.open('{').member("name", key).member("pipes", double(sum.count)).member("length_ft", sum.length).close('}');
@@ -117,10 +130,28 @@ void printJson(const std::string& base, const ModelInfo& info, const Totals& t, 
   std::printf("%s\n", json.close('}').text().c_str());
 }
 
-void printSums(const char* title, const std::map<std::string, Sum>& sums) {
+/** What people read lengths and flows in: the units of the model. */
+struct Shown {
+  double length, flow; /* a unit in feet, in cubic feet per hour */
+  std::string lengthName, flowName;
+  explicit Shown(const NetUnits& units)
+      : length(static_cast<double>(GetUnitFactor(units.length.c_str(), 1, "LUS"))),
+        flow(static_cast<double>(GetUnitFactor(units.flow.c_str(), 1, "QUS"))),
+        lengthName(units.length),
+        flowName(units.flow) {
+    if (!(length > 0)) length = 1, lengthName = "Feet";
+    if (!(flow > 0)) flow = 1, flowName = "cfh";
+  }
+  std::string ofLength(double feet) const { return fixedNumber(feet / length, 0) + " " + lengthName; }
+  std::string ofFlow(double cfh) const { return fixedNumber(cfh / flow, 0) + " " + flowName; }
+};
+
+void printSums(const char* title, const Sums& sums, const Shown& shown) {
   std::printf("%s\n", title);
-  for (const auto& [key, sum] : sums)
-    std::printf("  %-24s %9d pipes %14s ft\n", key.c_str(), sum.count, fixedNumber(sum.length, 0).c_str());
+  for (const auto& [key, sum] : sums) {
+    std::printf("  %-24s %9d pipe%s %20s\n", key.empty() ? "(none)" : key.c_str(), sum.count,
+                sum.count == 1 ? " " : "s", shown.ofLength(sum.length).c_str());
+  }
 }
 
 void printText(const std::string& base, const ModelInfo& info, const Totals& t, const Extent& e) {
@@ -129,25 +160,32 @@ void printText(const std::string& base, const ModelInfo& info, const Totals& t, 
     const auto k = static_cast<size_t>(kind);
     std::printf("  %-10s %9d live, %d deleted\n", (std::string(kindName(kind)) + "s").c_str(), t.live[k], t.deleted[k]);
   }
-  std::printf("  of the pipes");
+  std::string kinds;
   for (size_t i = 0; i < 6; i++) {
-    if (t.byType[i].count) std::printf("%s %d %s", i ? "," : "", t.byType[i].count, kTypes[i]);
+    if (!t.byType[i].count) continue;
+    const std::string name = kTypes[i];
+    kinds += (kinds.empty() ? " " : ", ") + std::to_string(t.byType[i].count) + " " +
+             (t.byType[i].count == 1 ? name.substr(0, name.size() - 1) : name);
   }
-  std::printf("\n  vertices   %9d\n", t.vertices);
-  std::printf("length %s ft (%s miles)\n", fixedNumber(t.pipes.length, 0).c_str(),
-              fixedNumber(t.pipes.length / 5280, 2).c_str());
-  printSums("by size", t.bySize);
-  printSums("by facility", t.byFacility);
-  std::printf("loads: supplies %s cf/h, demands %s cf/h, customers %s cf/h\n", fixedNumber(t.supply, 0).c_str(),
-              fixedNumber(t.drawn, 0).c_str(), fixedNumber(t.custLoad, 0).c_str());
-  std::printf("extent: %s, %s to %s, %s%s\n", shortNumber(e.minX).c_str(), shortNumber(e.minY).c_str(),
-              shortNumber(e.maxX).c_str(), shortNumber(e.maxY).c_str(), info.units.geographic ? " degrees" : "");
+  const Shown shown(info.units);
+  const bool metric = shown.length > 3 && shown.length < 3.5;
+  std::printf("  of the pipes%s\n  vertices   %9d\n", kinds.empty() ? " none" : kinds.c_str(), t.vertices);
+  std::printf("length %s (%s %s)\n", shown.ofLength(t.pipes.length).c_str(),
+              fixedNumber(t.pipes.length / (metric ? 1000 * shown.length : 5280), 2).c_str(), metric ? "km" : "miles");
+  printSums("by size", t.bySize, shown);
+  printSums("by facility", t.byFacility, shown);
+  std::printf("loads: supplies %s, demands %s, customers %s\n", shown.ofFlow(t.supply).c_str(),
+              shown.ofFlow(t.drawn).c_str(), shown.ofFlow(t.custLoad).c_str());
+  const int decimals = info.units.geographic ? 6 : 2;
+  const auto place = [&](double v) { return fixedNumber(v, decimals); };
+  std::printf("extent: %s, %s to %s, %s%s\n", place(e.minX).c_str(), place(e.minY).c_str(), place(e.maxX).c_str(),
+              place(e.maxY).c_str(), info.units.geographic ? " degrees" : "");
   std::printf("units: length %s, pressure %s, flow %s, diameter %s\n", info.units.length.c_str(),
               info.units.pressure.c_str(), info.units.flow.c_str(), info.units.diameter.c_str());
 }
 
 int run(const Args& args) {
-  const std::string& base = args.positional[0];
+  const std::string base = modelBase(args.positional[0]);
   const ModelInfo info = openModel(base);
   const Totals totals = addUp();
   (args.has("--json") ? printJson : printText)(base, info, totals, modelExtent(true));

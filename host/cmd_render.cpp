@@ -63,7 +63,7 @@ void hiliteByName(const Args& args, MapOptions* o) {
 int run(const Args& args) {
   MapOptions options = parseMapOptions(args);
   if (options.output.empty()) throw UsageError{"an output file is wanted: -o FILE"};
-  const ModelInfo info = openModel(args.positional[0]);
+  const ModelInfo info = openModel(modelBase(args.positional[0]));
   takeModelDefaults(args, info, &options);
   hiliteByName(args, &options);
   paintMap(options);
@@ -102,13 +102,16 @@ void takeModelDefaults(const Args& args, const ModelInfo& info, MapOptions* opti
   if (info.units.geographic && !args.has("--view")) options->view = View::Geographic;
   std::copy(std::begin(info.digits), std::end(info.digits), std::begin(options->digits));
   if (args.has("--decimals"))
-    std::fill(std::begin(options->digits), std::end(options->digits), static_cast<float>(args.number("--decimals", 1)));
+    std::fill(std::begin(options->digits), std::end(options->digits),
+              static_cast<float>(args.wholeWithin("--decimals", 1, 0, 9)));
 }
 
 MapOptions parseMapOptions(const Args& args) {
   MapOptions o;
   o.output = args.text("--output");
-  const bool paper = o.output.size() > 4 && o.output.compare(o.output.size() - 4, 4, ".png") != 0;
+  if (args.has("--output") && pictureKind(o.output).empty())
+    throw UsageError{"a picture ends in .png, .pdf or .svg, not '" + o.output + "'"};
+  const bool paper = !o.output.empty() && pictureKind(o.output) != ".png";
   if (paper) o.width = 1100, o.height = 850, o.background = 0xFFFFFF;
   if (args.has("--size")) {
     const std::vector<double> size = args.numbers("--size", 2);
@@ -117,8 +120,7 @@ MapOptions parseMapOptions(const Args& args) {
     o.width = static_cast<int32_t>(size[0]);
     o.height = static_cast<int32_t>(size[1]);
   }
-  o.dpi = args.number("--dpi", o.dpi);
-  if (!(o.dpi >= 20 && o.dpi <= 2400)) throw UsageError{"--dpi wants 20 to 2400"};
+  o.dpi = args.numberWithin("--dpi", o.dpi, 20, 2400);
   if (args.has("--window")) {
     o.window = args.numbers("--window", 4);
     if (!(o.window[2] > o.window[0] && o.window[3] > o.window[1]))
@@ -128,10 +130,10 @@ MapOptions parseMapOptions(const Args& args) {
                        {{"plain", View::Plain}, {"iso", View::Isometric}, {"geo", View::Geographic}});
   o.colorBy =
       oneOf<ColorBy>(args, "--colours", ColorBy::Size, {{"size", ColorBy::Size}, {"facility", ColorBy::Facility}});
-  o.lineScale = args.number("--lines", 1);
-  o.symbolScale = args.number("--symbols", 1);
-  o.nodeSymbol = static_cast<int32_t>(args.number("--node-symbol", 2));
-  o.textPoints = args.number("--text", o.textPoints);
+  o.lineScale = args.numberWithin("--lines", 1, 0.1, 100);
+  o.symbolScale = args.numberWithin("--symbols", 1, 0, 100);
+  o.nodeSymbol = static_cast<int32_t>(args.wholeWithin("--node-symbol", 2, 0, 111));
+  o.textPoints = args.numberWithin("--text", o.textPoints, 1, 500);
   if (args.has("--background")) o.background = parseColor(args.text("--background"));
   const auto labels = [&](const char* option, Kind kind, bool& on, std::vector<int16_t>& fields) {
     if (!args.has(option)) return;

@@ -10,16 +10,7 @@ namespace host {
 
 namespace {
 
-constexpr double kFewest = 200, kMost = 4000000;
-
-double wholeNumber(const Args& args, const char* option, double otherwise, double low, double high) {
-  const double value = args.number(option, otherwise);
-  if (!(value >= low && value <= high) || value != static_cast<double>(static_cast<int64_t>(value))) {
-    throw UsageError{std::string(option) + " wants a whole number from " + std::to_string(static_cast<int64_t>(low)) +
-                     " to " + std::to_string(static_cast<int64_t>(high)) + ", not '" + args.text(option) + "'"};
-  }
-  return value;
-}
+constexpr int64_t kFewest = 200, kMost = 4000000, kMostSeed = 9007199254740991;
 
 Network makeTown(int64_t pipes, uint64_t seed, Progress& progress) {
   Network net;
@@ -41,11 +32,12 @@ Network makeTown(int64_t pipes, uint64_t seed, Progress& progress) {
 }
 
 int run(const Args& args) {
-  const auto pipes = static_cast<int64_t>(wholeNumber(args, "--pipes", 1000, kFewest, kMost));
-  const auto seed = static_cast<uint64_t>(wholeNumber(args, "--seed", 1, 0, 9007199254740991.0));
+  const int64_t pipes = args.wholeWithin("--pipes", 1000, kFewest, kMost);
+  const auto seed = static_cast<uint64_t>(args.wholeWithin("--seed", 1, 0, kMostSeed));
+  const std::string base = args.positional[0] + "/town";
+  refuseToReplace(base, args);
   Progress progress("sample");
   const Network town = makeTown(pipes, seed, progress);
-  const std::string base = args.positional[0] + "/town";
   saveNetwork(town, base);
   progress.show(1);
   closeModel();
@@ -62,7 +54,8 @@ Command sampleCommand() {
           "Writes a believable gas distribution town, the model DIR/town with its libraries.",
           "pn10 sample town --pipes 2000 --seed 7",
           {{"--pipes", "N", "records of pipes and devices, 200 to 4000000 (1000)"},
-           {"--seed", "S", "another town for another whole number (1)"}},
+           {"--seed", "S", "another town for another whole number (1)"},
+           replaceOption()},
           run};
 }
 

@@ -4,7 +4,7 @@ set -euo pipefail
 pn10=$1 out=$2
 mkdir -p "$out"
 
-"$pn10" sample "$out/town" --pipes 1000 --seed 7
+"$pn10" sample "$out/town" --pipes 1000 --seed 7 --replace
 base=$out/town/town
 "$pn10" info "$base"
 

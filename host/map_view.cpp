@@ -10,6 +10,7 @@
 #include "label_room.h"
 #include "output.h"
 #include "records.h"
+#include "unfinished.h"
 
 namespace host {
 
@@ -59,14 +60,10 @@ Window fitted(Window w, double aspect, double margin) {
   return {centreX - width / 2, centreY - height / 2, centreX + width / 2, centreY + height / 2};
 }
 
-bool endsWith(const std::string& text, const std::string& ending) {
-  return text.size() >= ending.size() && text.compare(text.size() - ending.size(), ending.size(), ending) == 0;
-}
-
 /** A context for the output: an image, or a page of a PDF or SVG file. */
 class Sheet {
  public:
-  explicit Sheet(const MapOptions& o) : path_(o.output), paper_(!endsWith(o.output, ".png")) {
+  explicit Sheet(const MapOptions& o) : path_(o.output), file_(o.output), paper_(pictureKind(o.output) != ".png") {
     if (!paper_) {
       width = o.width, height = o.height, dpi = static_cast<int32_t>(o.dpi);
       dc = PnCreateImageDC(width, height, dpi, o.background);
@@ -75,11 +72,11 @@ class Sheet {
       dpi = 600;
       const double widthInches = o.width / 100.0, heightInches = o.height / 100.0;
       width = static_cast<int32_t>(widthInches * dpi), height = static_cast<int32_t>(heightInches * dpi);
-      dc = endsWith(path_, ".pdf")   ? PnCreatePdfDC(path_.c_str(), widthInches, heightInches, dpi)
-           : endsWith(path_, ".svg") ? PnCreateSvgDC(path_.c_str(), widthInches, heightInches, dpi)
-                                     : nullptr;
+      dc = pictureKind(path_) == ".pdf" ? PnCreatePdfDC(file_.path().c_str(), widthInches, heightInches, dpi)
+                                        : PnCreateSvgDC(file_.path().c_str(), widthInches, heightInches, dpi);
     }
-    if (!dc) throw Failure{path_ + ": no picture of this size and kind can be made there (.png, .pdf, .svg)"};
+    if (!dc && paper_) throw Failure{path_ + ": can't be written"};
+    if (!dc) throw Failure{path_ + ": not enough memory for a picture of this size"};
   }
   ~Sheet() {
     if (dc) PnDeleteDC(dc);
@@ -88,10 +85,10 @@ class Sheet {
   Sheet& operator=(const Sheet&) = delete;
 
   void finish() {
-    const bool saved = paper_ || PnSavePng(dc, path_.c_str()) == 1;
+    const bool saved = paper_ || PnSavePng(dc, file_.path().c_str()) == 1;
     const bool closed = PnDeleteDC(dc) == 1;
     dc = nullptr;
-    if (!saved || !closed) throw Failure{path_ + ": can't be written"};
+    if (!saved || !closed || !file_.moveIntoPlace()) throw Failure{path_ + ": can't be written"};
   }
   bool paper() const { return paper_; }
 
@@ -100,6 +97,7 @@ class Sheet {
 
  private:
   std::string path_;
+  UnfinishedFile file_; /* a picture that stood there goes only for a whole one */
   bool paper_;
 };
 
@@ -320,11 +318,18 @@ double zoomOf(const Mapping& map, const Sheet& sheet) {
 
 void hilite(const MapOptions& o) {
   // There is no call that hilites a record: a colour of its own marks it, in memory only.
-  for (const int32_t n : o.hiliteNodes) SetNdtVal(n, NDT_COLOR, "", 0x0000E0), SetNdtVal(n, NDT_SYM_SIZE, "", 0);
+  // A size in percent of the picture's height is seen at every scale; the usual one may be too small to be painted.
+  for (const int32_t n : o.hiliteNodes) SetNdtVal(n, NDT_COLOR, "", 0x0000E0), SetNdtVal(n, NDT_SYM_SIZE, "", -1.5);
   for (const int32_t p : o.hilitePipes) SetPdtVal(p, PDT_COLOR, "", 0x0000E0), SetPdtVal(p, PDT_LINE_WIDTH, "", 5);
 }
 
 }  // namespace
+
+std::string pictureKind(const std::string& path) {
+  std::string ending = path.size() > 4 ? path.substr(path.size() - 4) : "";
+  for (char& c : ending) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+  return ending == ".png" || ending == ".pdf" || ending == ".svg" ? ending : "";
+}
 
 void paintMap(const MapOptions& given) {
   MapOptions o = given;

@@ -40,6 +40,9 @@ MapOptions parseMapOptions(const Args& args);
 /** What the model says of itself where the command line is silent: its view, its decimals. */
 void takeModelDefaults(const Args& args, const ModelInfo& info, MapOptions* options);
 
+/** ".png", ".pdf" or ".svg", in any case at the end of the name; empty for all else. */
+std::string pictureKind(const std::string& path);
+
 /** Paints the open model and writes the file; throws Failure with file and cause. */
 void paintMap(const MapOptions& options);
 

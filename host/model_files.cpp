@@ -3,6 +3,7 @@
 
 #include <pn10gdi.h>
 
+#include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -10,6 +11,7 @@
 
 #include "library_files.h"
 #include "network_model.h"
+#include "unfinished.h"
 
 namespace host {
 
@@ -40,12 +42,17 @@ constexpr CodeText kCodeTexts[] = {
     {"", -2, "can't be opened"},
     {"HdrIo", -1, "is no header file of a model"},
     {"HdrIo", -4, "not enough memory"},
-    {"SavePipe", -1, "the .pdt file can't be opened"},
-    {"SavePipe", -2, "the .vtx file can't be opened"},
-    {"SavePipe", -4, "the .ndt file can't be opened"},
+    {"ReadPdt", -100, "a pipe names a node that is not there; is the .ndt file cut off, or of another model?"},
+    {"ReadLut", -1, "can't be opened"},
+    {"ReadLut", -2, "holds no record"},
+    {"ReadLut", -3, "not enough memory"},
+    {"ReadLut", -4, "not enough memory"},
+    {"SavePipe", -1, "the .pdt or .rdx file can't be written"},
+    {"SavePipe", -2, "the .vtx file can't be written"},
+    {"SavePipe", -4, "the .ndt file can't be written"},
     {"SavePipe", -5, "not enough memory"},
-    {"SavePipe", -6, "the .cdt file can't be opened"},
-    {"SavePipe", -7, "the .fdt file can't be opened"},
+    {"SavePipe", -6, "the .cdt file can't be written"},
+    {"SavePipe", -7, "the .fdt file can't be written"},
     {"CalcSystemTrace", -1, "the control file can't be opened, or memory is short"},
     {"CalcSystemTrace", -2, "an output file can't be written"},
     {"CalcSystemTrace", -3, "the control file ends at its second line"},
@@ -76,7 +83,7 @@ void loadLibraries(const std::string& base) {
     const std::string path = base + library.ending;
     // A model without a library is whole; one whose library can't be read is not.
     if (fs::exists(path)) {
-      check("", library.read(path.c_str()), path);
+      check("ReadLut", library.read(path.c_str()), path);
     } else {
       library.empty();
     }
@@ -197,15 +204,36 @@ void markDeleted(const Network& net, const std::string& base) {
   markDeleted(base, {".cdt", static_cast<int64_t>(GetCdtVal(0, nullptr, CDT_STRIDE)), 188}, customers);
 }
 
-/** Moves finished files to their places; what stood there before stays as .bak. */
-void moveInto(const fs::path& scratch, const fs::path& folder) {
-  std::error_code error;
-  for (const auto& file : fs::directory_iterator(scratch)) {
-    const fs::path to = folder / file.path().filename();
-    if (fs::exists(to)) fs::rename(to, to.string() + ".bak", error);
-    if (!error) fs::rename(file.path(), to, error);
-    if (error) throw Failure{to.string() + ": " + error.message()};
+/** Files of fixed records: bytes before the first, of a record with its gap, and without. */
+struct RecordFile {
+  const char* ending;
+  uintmax_t header, stride, used;
+};
+constexpr RecordFile kRecordFiles[] = {
+    {".ndt", 0, 220, 218}, {".pdt", 0, 280, 270}, {".vtx", 0, 26, 26}, {".cdt", 0, 214, 198}, {".fdt", 4, 32, 32}};
+constexpr uintmax_t kReferenceStride = 336;
+
+/** A file of the model that ends within a record; empty when all are whole. */
+std::string cutFileOf(const std::string& base) {
+  for (const RecordFile& file : kRecordFiles) {
+    std::error_code error;
+    const uintmax_t size = fs::file_size(base + file.ending, error);
+    if (error || size == 0) continue;
+    const uintmax_t rest = size < file.header ? 1 : (size - file.header) % file.stride;
+    if (rest != 0 && rest != file.used) return base + file.ending;
   }
+  return "";
+}
+
+/** References of nodes, row by row; returns their number. */
+int32_t loadReferences(const std::string& base) {
+  std::ifstream file(base + ".rdx", std::ios::binary);
+  char row[kReferenceStride];
+  int32_t rows = 0;
+  const auto part = [&](size_t at, size_t width) { return std::string(row + at, strnlen(row + at, width)); };
+  for (; file.read(row, sizeof row); rows++)
+    PutRdx(rows + 1, part(0, 40).c_str(), part(40, 256).c_str(), part(296, 40).c_str());
+  return rows;
 }
 
 }  // namespace
@@ -220,25 +248,49 @@ const char* resultText(const char* call, int32_t code) {
   return general;
 }
 
-ModelInfo openModel(const std::string& base) {
+std::string modelBase(const std::string& word) {
+  const fs::path path(word);
+  for (const char* ending : {".ndt", ".pdt", ".cdt", ".vtx", ".fdt", ".hdr", ".fac"}) {
+    if (path.extension() == ending && !fs::exists(word + ".ndt"))
+      return word.substr(0, word.size() - std::strlen(ending));
+  }
+  return word;
+}
+
+Option replaceOption() { return {"--replace", nullptr, "a model of that name is replaced; its files stay as .bak"}; }
+
+void refuseToReplace(const std::string& base, const Args& args) {
+  if (args.has("--replace")) return;
+  for (const RecordFile& file : kRecordFiles) {
+    if (fs::exists(base + file.ending))
+      throw Failure{base + file.ending + ": there is a model already; --replace puts the new one in its place"};
+  }
+}
+
+ModelInfo openModel(const std::string& base, const std::string& tablesAt) {
+  const std::string& tables = tablesAt.empty() ? base : tablesAt;
   closeModel();
-  if (!fs::exists(base + ".ndt")) throw Failure{base + ".ndt: no such model"};
-  const ModelInfo info = readHeader(base);
+  if (!fs::exists(tables + ".ndt")) throw Failure{tables + ".ndt: no such model"};
+  ModelInfo info = readHeader(base);
+  info.cutFile = cutFileOf(tables);
+  if (!info.cutFile.empty())
+    std::fprintf(stderr, "pn10: warning: %s ends within a record: it is cut off\n", info.cutFile.c_str());
   applyUnits(info.units);
   loadLibraries(base);
   const std::string facilities = base + ".fac";
   check("", fs::exists(facilities) ? ReadFac(facilities.c_str()) : DefaultFac(), facilities);
-  check("", ReadVtx(base.c_str(), 0), base + ".vtx");
-  check("", ReadNdt(base.c_str(), 0, 10.1f), base + ".ndt");
-  check("", ReadPdt(base.c_str(), 1, info.units.pressure.c_str(), 0), base + ".pdt");
-  check("", ReadCdt(base.c_str(), 0), base + ".cdt");
-  if (fs::exists(base + ".fdt")) check("", ReadFtg(base.c_str(), 0, 0, "10.0"), base + ".fdt");
+  check("", ReadVtx(tables.c_str(), 0), tables + ".vtx");
+  check("", ReadNdt(tables.c_str(), 0, 10.1f), tables + ".ndt");
+  check("ReadPdt", ReadPdt(tables.c_str(), 1, info.units.pressure.c_str(), 0), tables + ".pdt");
+  check("", ReadCdt(tables.c_str(), 0), tables + ".cdt");
+  if (fs::exists(tables + ".fdt")) check("", ReadFtg(tables.c_str(), 0, 0, "10.0"), tables + ".fdt");
+  info.references = loadReferences(tables);
   return info;
 }
 
-void saveModel(const std::string& base) {
-  const int32_t saved = SavePipe(0, base.c_str());
-  if (saved < 0) throw Failure{base + ": " + resultText("SavePipe", saved)};
+void writeTables(const std::string& base, int32_t references) {
+  const int32_t saved = SavePipe(references, base.c_str());
+  if (saved < 0) throw Failure{std::string("the model can't be saved: ") + resultText("SavePipe", saved)};
 }
 
 void closeModel() {
@@ -249,31 +301,21 @@ void closeModel() {
 }
 
 void saveNetwork(const Network& network, const std::string& base) {
-  const fs::path target(base);
-  std::error_code error;
-  if (target.has_parent_path()) fs::create_directories(target.parent_path(), error);
-  const fs::path scratch = target.string() + ".part";
-  fs::remove_all(scratch, error);
-  if (!fs::create_directory(scratch, error)) throw Failure{scratch.string() + ": " + error.message()};
-  try {
-    const std::string part = (scratch / target.filename()).string();
-    closeModel();
-    writeLibraries(part, network.sizes.empty() ? nominalSizes() : network.sizes);
-    loadLibraries(part);
-    writeFacilities(part + ".fac", network.facilities);
-    makeModel(network);
-    saveModel(part);
-    markDeleted(network, part);
-    ModelInfo info;
-    info.title = network.title;
-    info.units = network.units;
-    writeHeader(part, info);
-    moveInto(scratch, target.parent_path());
-  } catch (...) {
-    fs::remove_all(scratch, error);
-    throw;
-  }
-  fs::remove_all(scratch, error);
+  UnfinishedModel unfinished(base);
+  const std::string part = unfinished.base();
+  closeModel();
+  writeLibraries(part, network.sizes.empty() ? nominalSizes() : network.sizes);
+  loadLibraries(part);
+  writeFacilities(part + ".fac", network.facilities);
+  makeModel(network);
+  writeTables(part, 0);
+  markDeleted(network, part);
+  ModelInfo info;
+  info.title = network.title;
+  info.units = network.units;
+  writeHeader(part, info);
+  // Texts, graphics and references of a model before would stand in the new one.
+  unfinished.moveIntoPlace({".rdx", ".gtx", ".ugd"});
 }
 
 }  // namespace host

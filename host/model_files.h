@@ -13,6 +13,8 @@ namespace host {
 /** What the header file of a model says beyond its tables. */
 struct ModelInfo {
   std::string title;
+  int32_t references = 0; /* rows of the reference table */
+  std::string cutFile;    /* a file that ends within a record; the engine reads what there is of it */
   NetUnits units;
   /**
    * Decimals of labels, the Digits of UnitOpts: 0 diameters, 2 lengths, 3 velocities and efficiencies, 4 flows,
@@ -22,11 +24,25 @@ struct ModelInfo {
   float digits[32] = {3, 0, 0, 1, 0, 2, 0, 1, 0, 1, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 3, 2, 2, 0, 0};
 };
 
-/** Loads libraries, facilities, header and tables of `base`. Throws Failure with the file and the cause. */
-ModelInfo openModel(const std::string& base);
+/**
+ * Loads libraries, facilities, header and tables of `base`. Throws Failure with the file and the cause.
+ * @param tables  where the tables are when it is not `base`
+ */
+ModelInfo openModel(const std::string& base, const std::string& tables = "");
 
-/** Saves the tables of the open model under `base`, one generation kept as .bak. */
-void saveModel(const std::string& base);
+/**
+ * The base path that a word on the command line means: itself, or what stands before the ending when it is the name of
+ * a file of a model.
+ */
+std::string modelBase(const std::string& word);
+
+/** "--replace", of the commands that make a model. */
+Option replaceOption();
+/** Throws Failure when a model stands under `base` and the command was not told to replace it. */
+void refuseToReplace(const std::string& base, const Args& args);
+
+/** Writes the tables of the open model to `base`; they are no model without the other files. */
+void writeTables(const std::string& base, int32_t references);
 
 /** Releases everything. */
 void closeModel();

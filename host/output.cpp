@@ -43,8 +43,14 @@ std::string shortNumber(double value) {
   char text[64];
   // Fields of single precision print as they were stored, not as their widened doubles.
   const auto single = static_cast<float>(value);
-  const auto done = static_cast<double>(single) == value ? std::to_chars(text, text + sizeof text, single)
-                                                         : std::to_chars(text, text + sizeof text, value);
+  const auto print = [&](auto number) {
+    // People read 0.0001 more easily than 1e-04, and 200000 than 2e+05.
+    const double size = std::fabs(value);
+    return (size >= 1e-6 && size < 1e15) || size == 0
+               ? std::to_chars(text, text + sizeof text, number, std::chars_format::fixed)
+               : std::to_chars(text, text + sizeof text, number);
+  };
+  const auto done = static_cast<double>(single) == value ? print(single) : print(value);
   return std::string(text, done.ptr);
 }
 

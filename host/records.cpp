@@ -4,6 +4,7 @@
 #include <pn10gdi.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 namespace host {
@@ -50,7 +51,7 @@ int32_t recordCount(Kind kind) { return static_cast<int32_t>(number(kind, 0, cal
 
 int32_t parseRecord(Kind kind, const std::string& word) {
   double value = 0;
-  if (!parseNumber(word, &value) || value != static_cast<int32_t>(value))
+  if (!parseNumber(word, &value) || std::fabs(value) > 2147483647.0 || value != std::floor(value))
     throw UsageError{"'" + word + "' is no record number"};
   const auto record = static_cast<int32_t>(value);
   if (record < 1 || record > recordCount(kind)) {

@@ -1,4 +1,7 @@
 /** The subcommands that look at a model, with good words and bad ones. */
+#include <algorithm>
+#include <cstdlib>
+
 #include "host/run.h"
 
 namespace {
@@ -57,6 +60,19 @@ TEST(Pn10, wrong_words_end_with_2_and_name_the_word) {
   expectUsage(run({"sample", "a", "--pipes"}), "--pipes needs N");
 }
 
+TEST(Pn10, help_is_there_under_every_name) {
+  const std::string text = run({"find", "--help"}).out;
+  EXPECT_TRUE(contains(text, "pn10 find BASE"));
+  for (const std::vector<std::string>& words :
+       {std::vector<std::string>{"find", "-h"}, {"help", "find"}, {"find", "a", "b", "--help"}}) {
+    const Result r = run(words);
+    EXPECT_EQ(r.code, 0);
+    EXPECT_EQ(r.out, text);
+  }
+  EXPECT_EQ(run({"help", "paint"}).code, 2);
+  expectUsage(run({"info", "-x"}), "unknown option -x");
+}
+
 TEST(Pn10, every_file_command_fails_on_a_model_that_is_not_there_and_names_its_file) {
   for (const std::string words : {"info M", "fields M node 1", "set M node 1 PRESSURE 1", "find M --node a",
                                   "render M -o x.png", "trace M --type upstream --from a"}) {
@@ -100,7 +116,7 @@ TEST_F(Fields, wrong_kinds_and_records_are_told_apart) {
   expectFailure(run({"fields", base(), "pipe", "301"}), "the last one is 300");
 }
 
-TEST(Set, stores_a_field_saves_and_keeps_the_files_before) {
+TEST(SetTown, stores_a_field_saves_and_keeps_the_files_before) {
   const TempDir dir;
   EXPECT_EQ(run({"sample", dir.path("t"), "--pipes", "200"}).code, 0);
   const std::string base = dir.path("t/town"), before = dir.read("t/town.ndt");
@@ -111,7 +127,7 @@ TEST(Set, stores_a_field_saves_and_keeps_the_files_before) {
   EXPECT_TRUE(contains(run({"fields", base, "customer", "3"}).out, "\"12 Nowhere St\""));
 }
 
-TEST(Set, refuses_what_can_not_be_stored_and_leaves_the_files_alone) {
+TEST(SetTown, refuses_what_can_not_be_stored_and_leaves_the_files_alone) {
   const TempDir dir;
   EXPECT_EQ(run({"sample", dir.path("t"), "--pipes", "200"}).code, 0);
   const std::string base = dir.path("t/town"), before = dir.read("t/town.ndt");
@@ -138,6 +154,41 @@ TEST_F(Find, nothing_found_is_a_failure_and_no_question_a_wrong_use) {
   EXPECT_EQ(run({"find", base(), "--at", "0,0"}).code, 1);
   expectUsage(run({"find", base()}), "--node");
   expectUsage(run({"find", base(), "--at", "3"}), "2 numbers");
+}
+
+TEST_F(Find, the_nearest_node_wins_whatever_its_number) {
+  const std::string json = run({"fields", base(), "node", "20", "--json"}).out;
+  const double x = numberBehind(json, "\"X_COORD\",\"value\":"), y = numberBehind(json, "\"Y_COORD\",\"value\":");
+  const std::string at = std::to_string(x + 1) + "," + std::to_string(y);
+  const std::string found = run({"find", base(), "--at", at, "--radius", "1000000", "--json"}).out;
+  EXPECT_TRUE(contains(found, "\"record\":20")) << found;
+  EXPECT_NEAR(numberBehind(found, "\"distance\":"), 1, 1e-3);
+  expectUsage(run({"find", base(), "--at", at, "--radius", "-1"}), "--radius wants 0");
+  EXPECT_EQ(run({"find", base(), "--pipe", "1e99"}).code, 1);
+}
+
+TEST_F(Info, speaks_in_the_units_of_the_model) {
+  const TempDir dir;
+  EXPECT_EQ(shell("mkdir net", dir.path("")).code, 0);
+  dir.write("net/nodes.csv", "id,x,y\nA,0,0\nB,1500,0\n");
+  dir.write("net/links.csv", "id,from,to,diameter\n1,A,B,0.0001\n");
+  EXPECT_EQ(run({"import", dir.path("net"), dir.path("n")}).code, 0);
+  const std::string out = run({"info", dir.path("n")}).out;
+  EXPECT_TRUE(contains(out, "length 1500 Meters (1.50 km)\n")) << out;
+  EXPECT_TRUE(contains(out, "  0.0001 mm ")) << out;
+  EXPECT_TRUE(contains(out, "1 pipe ")) << out;
+  EXPECT_TRUE(contains(out, "extent: 0.00, 0.00 to 1500.00, 0.00\n")) << out;
+}
+
+TEST_F(Info, causes_are_those_of_the_file) {
+  const TempDir copy;
+  EXPECT_EQ(shell("cp " + dir->path("t") + "/* .", copy.path("")).code, 0);
+  const std::string nodes = copy.read("town.ndt");
+  copy.write("town.ndt", nodes.substr(0, 220));
+  expectFailure(run({"info", copy.path("town")}), "town.pdt: a pipe names a node that is not there");
+  copy.write("town.ndt", nodes);
+  copy.write("town.plut", "");
+  expectFailure(run({"info", copy.path("town")}), "town.plut: holds no record");
 }
 
 TEST_F(Render, writes_each_kind_of_picture) {
@@ -172,6 +223,51 @@ TEST_F(Trace, follows_the_network_and_paints_it) {
       run({"trace", base(), "--type", "downstream", "--from", nameOf(base(), 1), "-o", out.path("t.png"), "--json"});
   EXPECT_EQ(r.code, 0) << r.err;
   EXPECT_EQ(out.read("t.png").substr(0, 4), "\x89PNG");
+}
+
+TEST_F(Render, numbers_out_of_range_are_refused) {
+  for (const char* option : {"--lines=nan", "--lines=0", "--symbols=-1", "--symbols=1e9", "--text=0", "--text=1e9",
+                             "--node-symbol=2.5", "--node-symbol=-3", "--decimals=2.5", "--decimals=10", "--dpi=inf"}) {
+    const Result r = run({"render", base(), "-o", "/tmp/never.png", option});
+    expectUsage(r, std::string(option).substr(0, std::string(option).find('=')) + " wants");
+  }
+  expectUsage(run({"render", base(), "-o", "a.gif"}), "'a.gif'");
+}
+
+TEST_F(Render, a_picture_that_can_not_be_written_leaves_the_one_before) {
+  const TempDir out;
+  for (const char* file : {"a.PNG", "a.pdf", "a.svg"}) {
+    out.write(file, "before");
+    const Result r = shell("trap '' XFSZ; ulimit -f 0; pn10 render " + base() + " -o " + file + " --size 300,200 2>&1",
+                           out.path(""));
+    EXPECT_EQ(r.code, 1) << file;
+    EXPECT_EQ(out.read(file), "before");
+    EXPECT_EQ(run({"render", base(), "-o", out.path(file), "--size", "300,200"}).code, 0);
+    EXPECT_NE(out.read(file), "before");
+  }
+  EXPECT_EQ(filesIn(out.path("")).size(), 3u);
+}
+
+TEST_F(Trace, from_a_pipe_goes_the_way_of_its_gas) {
+  const std::string down = run({"trace", base(), "--type", "downstream", "--from-pipe", "30", "--json"}).out,
+                    up = run({"trace", base(), "--type", "upstream", "--from-pipe", "30", "--json"}).out,
+                    all = run({"trace", base(), "--type", "connected", "--from-pipe", "30", "--json"}).out;
+  EXPECT_TRUE(contains(down, "\"pipes\":[30")) << down;
+  EXPECT_TRUE(contains(up, "\"pipes\":[30")) << up;
+  // A pipe can't lie on both sides of another one, unless it is that pipe.
+  const auto pipesOf = [](const std::string& json) {
+    std::vector<int> pipes;
+    for (size_t at = json.find("\"pipes\":[") + 8; at < json.size() && json[at] != ']';
+         at = json.find_first_of(",]", at + 1))
+      pipes.push_back(std::atoi(json.c_str() + at + 1));
+    return pipes;
+  };
+  const std::vector<int> below = pipesOf(down), above = pipesOf(up);
+  for (const int p : below) EXPECT_EQ(std::count(above.begin(), above.end(), p), p == 30) << p;
+  EXPECT_EQ(numberBehind(down, "\"traced\":"), static_cast<double>(below.size()));
+  EXPECT_GE(pipesOf(all).size(), below.size() + above.size() - 1);
+  expectUsage(run({"trace", base(), "--type", "facility", "--from", "a"}), "--from-pipe");
+  expectUsage(run({"trace", base(), "--type", "upstream", "--from-pipe", "1e99"}), "--from-pipe wants");
 }
 
 TEST_F(Trace, wrong_types_and_places_are_refused) {

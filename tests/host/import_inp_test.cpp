@@ -135,7 +135,7 @@ TEST(ImportInp, every_part_of_a_file_is_taken_or_refused_whole) {
   const TempDir dir;
   for (size_t size = 0; size < text.size(); size += 7) {
     dir.write("net.inp", text.substr(0, size));
-    const Result r = run({"import", dir.path("net.inp"), dir.path("m/n")});
+    const Result r = run({"import", dir.path("net.inp"), dir.path("m/n"), "--replace"});
     EXPECT_TRUE(r.code == 0 || (r.code == 1 && contains(r.err, "net.inp"))) << size << r.err;
     EXPECT_FALSE(dir.exists("m/n.part")) << size;
   }

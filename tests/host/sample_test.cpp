@@ -58,7 +58,7 @@ TEST(Sample, has_the_same_bytes_for_a_seed_and_others_for_another) {
 TEST(Sample, has_exactly_the_pipes_that_are_asked_for) {
   const TempDir dir;
   for (const int wanted : {200, 201, 333, 1000, 2718, 20000}) {
-    EXPECT_EQ(run({"sample", dir.path("t"), "--pipes", std::to_string(wanted), "--seed", "3"}).code, 0);
+    EXPECT_EQ(run({"sample", dir.path("t"), "--pipes", std::to_string(wanted), "--seed", "3", "--replace"}).code, 0);
     EXPECT_EQ((dir.read("t/town.pdt").size() + 279) / 280, static_cast<size_t>(wanted));
   }
 }
@@ -81,12 +81,31 @@ TEST(Sample, fails_where_no_folder_can_be_made_and_names_it) {
   EXPECT_EQ(filesIn(dir.path("")), std::vector<std::string>{"file"});
 }
 
-TEST(Sample, keeps_the_town_before_as_a_backup) {
+TEST(Sample, replaces_a_town_only_when_it_is_told_to_and_keeps_it_as_a_backup) {
   const TempDir dir;
   run({"sample", dir.path("t"), "--pipes", "200"});
   const std::string before = dir.read("t/town.pdt");
-  run({"sample", dir.path("t"), "--pipes", "250"});
+  const std::vector<std::string> files = filesIn(dir.path("t"));
+  const Result refused = run({"sample", dir.path("t"), "--pipes", "250"});
+  EXPECT_EQ(refused.code, 1);
+  EXPECT_TRUE(contains(refused.err, "t/town.ndt: there is a model already; --replace")) << refused.err;
+  EXPECT_EQ(filesIn(dir.path("t")), files);
+  EXPECT_EQ(run({"sample", dir.path("t"), "--pipes", "250", "--replace"}).code, 0);
   EXPECT_EQ(dir.read("t/town.pdt.bak"), before);
+  EXPECT_NE(dir.read("t/town.pdt"), before);
+}
+
+TEST(Sample, puts_aside_what_belongs_to_the_model_before) {
+  const TempDir dir;
+  run({"sample", dir.path("t"), "--pipes", "200"});
+  for (const char* file : {"t/town.gtx", "t/town.ugd", "t/town.rdx"}) dir.write(file, "of the town before");
+  dir.write("t/town.part", "mine");
+  EXPECT_EQ(run({"sample", dir.path("t"), "--pipes", "200", "--replace"}).code, 0);
+  for (const char* file : {"t/town.gtx", "t/town.ugd", "t/town.rdx"}) {
+    EXPECT_FALSE(dir.exists(file)) << file;
+    EXPECT_EQ(dir.read(std::string(file) + ".bak"), "of the town before") << file;
+  }
+  EXPECT_EQ(dir.read("t/town.part"), "mine") << "a name that is taken is not used";
 }
 
 TEST_F(Town, balances_at_every_node) {
