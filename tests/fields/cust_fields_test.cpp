@@ -226,6 +226,8 @@ TEST_F(CustFields, search_by_id_takes_the_first_live_record_under_the_wait_curso
   cust(2).REC_STATUS = -1;
   EXPECT_EQ(FindCustByID(5), 3);
   EXPECT_EQ(FindCustByID(6), 0);
+  cust(4).ID = 6;
+  EXPECT_EQ(FindCustByID(6), 4) << "the last record";
   EXPECT_NE(only(recorded([] { FindCustByID(5); }), {"SetCursor"}), "");
 }
 

@@ -196,6 +196,19 @@ TEST_F(NodeCalcs, pipe_count_takes_every_live_end) {
   EXPECT_EQ(GetPipeCount(-5), 0);
 }
 
+TEST_F(NodeCalcs, the_last_pipe_is_scanned_and_what_stands_behind_the_count_is_not) {
+  connect(7, 1, 2);
+  connect(8, 3, 1);
+  for (int32_t last : {7, 8}) {
+    model.pipeCount = last;
+    EXPECT_EQ(GetPipeCount(1), last - 6);
+    EXPECT_EQ(field(350), last - 6);
+    PipeConnects(1, pipes, xs, ys, zs);
+    EXPECT_EQ(pipes[0], last - 6);
+    EXPECT_EQ(pipes[last - 6], last);
+  }
+}
+
 TEST_F(NodeCalcs, pipe_scans_show_the_wait_cursor_and_put_the_old_one_back) {
   const int32_t before = PnGetCursor();
   GetPipeCount(1);

@@ -57,6 +57,17 @@ TEST_F(PipeCalcs, inside_diameter_of_a_row_without_one_is_the_size_text) {
   EXPECT_EQ(get(93), 1.5);
 }
 
+TEST_F(PipeCalcs, inside_diameter_of_a_row_counts_from_zero_on) {
+  dir.write("p.lut", sizeFile({{"8 SMALL", 0, 1, 0.5f, 0, 100, 0}, {"9 NONE", 0, 1, 0.0f, 0, 100, 0}}));
+  ASSERT_EQ(ReadPLut(dir.path("p.lut").c_str()), 2);
+  size("8 SMALL", 2.0f);
+  EXPECT_EQ(get(35), 0.25);
+  EXPECT_EQ(get(93), 0.5);
+  size("9 NONE", 2.0f);
+  EXPECT_EQ(get(35), 0.0);
+  EXPECT_EQ(get(93), 0.0);
+}
+
 TEST_F(PipeCalcs, inside_diameter_without_a_row_is_zero_or_the_size_text) {
   loadSizes();
   size("4.5 OTHER", 0.5f);

@@ -181,6 +181,8 @@ TEST_F(PipeFields, regulators_are_counted_with_the_deleted_ones) {
   pipe(4).HYD_TYPE = 2;
   pipe(3).REC_STATUS = -1;
   EXPECT_EQ(get(126, 0), 2.0);
+  pipe(4).HYD_TYPE = 1;
+  EXPECT_EQ(get(126, 0), 3.0) << "the last record";
 }
 
 TEST_F(PipeFields, clearing_the_results_takes_the_reserved_block_vertices_and_roughness) {

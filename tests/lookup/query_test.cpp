@@ -256,6 +256,7 @@ TEST_F(LookupQueries, a_bad_pipe_size_row_gives_zero_but_the_table_wide_fields_a
   EXPECT_EQ(GetPLutVal(1, text, 13), 0.0);
   files.plut({pipeSize("A").f32(48, 4)});
   EXPECT_EQ(GetPLutVal(5, text, 13), 1.0);
+  EXPECT_EQ(GetPLutVal(0, text, 13), 1.0);
   EXPECT_EQ(GetPLutVal(5, text, 2), 0.0);
   EXPECT_EQ(GetPLutVal(32767, text, 6), 0.0);
   EXPECT_EQ(GetPLutVal(-1, text, 13), 0.0);
