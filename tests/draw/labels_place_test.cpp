@@ -204,6 +204,25 @@ TEST_F(Placement, an_arc_label_stands_on_the_tangent_of_its_middle) {
   EXPECT_NEAR(a.y, 50 + 12.2 * r, 1e-4);
 }
 
+TEST_F(Placement, the_label_of_an_isometric_arc_whose_ends_coincide_stands_between_its_nodes) {
+  addNode(60, 50);
+  addNode(60.5, 50);
+  addPipe(1, 2);
+  addArc(1, 10, kDegree * 90);
+  model.pdt[1].TEXT_ANGLE = -1;
+  model.ndt[1].Z_COORD = 2, model.ndt[2].Z_COORD = 6;
+  drawState.MapMode = drawState.IsoFlag = 1;
+  settings.tolerance = 0.51f;
+  const At a = pipe();
+  // On the plane from (110 k, -10 / 2 + 2) to (110.5 k, -10.5 / 2 + 6), k the factor of the plane.
+  EXPECT_NEAR(a.midX, 110.25 * 0.8660253882408142, 1e-6);
+  EXPECT_NEAR(a.midY, -1.125, 1e-6);
+  EXPECT_EQ(a.elev, 4);
+  EXPECT_EQ(a.escapement, 834);  // the arc tangent of 3.75 / 0.433 is 83.41 degrees
+  settings.tolerance = 0.5f;     // the ends are half a unit apart: not closer than that
+  EXPECT_GT(pipe().escapement, 3500) << "along the arc, which is level on the plane";
+}
+
 TEST_F(Placement, a_polyline_label_stands_on_the_run_of_its_mid_vertex) {
   addPipeAt(0);
   addRun(1, {{40, 60}, {60, 60}});

@@ -189,6 +189,18 @@ TEST_F(PipePass, an_isometric_arc_is_squashed_and_rises_with_its_ends) {
   EXPECT_EQ(log.substr(log.rfind("LineTo")), "LineTo 692 800\n");
 }
 
+TEST_F(PipePass, an_isometric_arc_whose_ends_coincide_paints_nothing_and_says_nothing) {
+  add(60, 20, 60.5, 20);
+  addArc(1, 10, 90 * kDegree);
+  model.ndt[1].Z_COORD = model.ndt[2].Z_COORD = 50;
+  picture.iso = 1;
+  settings.tolerance = 0.51f;
+  EXPECT_EQ(lines(), "");
+  EXPECT_EQ(messages(), "");
+  settings.tolerance = 0.5f;
+  EXPECT_NE(lines(), "");
+}
+
 TEST_F(PipePass, a_polyline_is_walked_segment_by_segment) {
   add();
   addRun(1, {{10, 20}, {30, 20}});
