@@ -1,5 +1,7 @@
 #!/usr/bin/env python3
-"""Writes tests/golden/draw/{symbol,line,arc}_*.ops: the operations of symbols, line styles and arcs.
+"""Writes tests/golden/draw/{symbol,line,arc,arrow}_*.ops: the operations of symbols, line styles, arcs and arrow heads.
+
+An argument is the folder to write to instead; the test Goldens compares that with the committed files.
 
 Works from its own tables and with its own arithmetic: points are found by distance and angle, as the shapes are
 described, where the library turns coordinates. Every number is checked to lie well away from the edge of its
@@ -9,9 +11,10 @@ lines_golden_test.cpp.
 import math
 import os
 import struct
+import sys
 
 HERE = os.path.dirname(os.path.abspath(__file__))
-GOLDEN = os.path.join(HERE, "..", "golden", "draw")
+GOLDEN = sys.argv[1] if len(sys.argv) > 1 else os.path.join(HERE, "..", "golden", "draw")
 
 
 def f32(v):

@@ -1,13 +1,14 @@
 #!/usr/bin/env python3
 """Works out the operations of devices, fittings, flags and flow arrows from their tables, independent of the library.
 
-Writes tests/golden/draw/{devices,fittings,flags,arrows}.ops. The view: world 0 to 100 on 1000 dots, y upwards, so a
+Writes tests/golden/draw/{devices,fittings,flags,arrows}.ops, or to the folder that is its argument, as the test
+Goldens has it. The view: world 0 to 100 on 1000 dots, y upwards, so a
 world point (x, y) is the dot (trunc(10 x), trunc(1000 - 10 y)); a display unit is two world units; the view height is
 100. Points of a shape are (along the pipe, to its left) in units of the span.
 """
-import math, os
+import math, os, sys
 
-OUT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "golden", "draw")
+OUT = sys.argv[1] if len(sys.argv) > 1 else os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "golden", "draw")
 VIEW, DISPLAY_UNIT = 100.0, 2.0
 START = (40.0319, 50.0437)
 LENGTH = 25.0
