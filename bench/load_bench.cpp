@@ -21,10 +21,11 @@ using namespace pn10;
 namespace {
 
 /** A network of `pipes` pipes: nodes 0.9 and customers 2 per pipe; runs of three vertices on every second pipe and
- * service lines of two on every fourth customer. Written once per size. */
+ * service lines of two on every fourth customer. Written once per size; beside it the vertices in random order, and
+ * those of service lines alone, which leave every pipe without its own. */
 struct Scene {
   int32_t pipes;
-  std::string base, shuffledBase;
+  std::string base, shuffledBase, bareBase;
 };
 
 class Rows {
@@ -40,14 +41,14 @@ class Rows {
   size_t stride_;
 };
 
-void writeVertices(const std::string& path, int32_t pipes, bool shuffled) {
+void writeVertices(const std::string& path, int32_t pipes, bool shuffled, int kind) {
   std::vector<int32_t> owners;
   for (int32_t p = 2; p <= pipes; p += 2) owners.push_back(p);
   std::mt19937 random(1);
   if (shuffled) std::shuffle(owners.begin(), owners.end(), random);
   Rows rows(path, 26);
   for (const int32_t owner : owners) {
-    for (int i = 0; i < 3; i++) rows.add(test::packed(test::vtxRecord(owner, 0, owner + i, i)));
+    for (int i = 0; i < 3; i++) rows.add(test::packed(test::vtxRecord(owner, kind, owner + i, i)));
   }
   for (int32_t c = 4; c <= pipes * 2; c += 4) {
     for (int i = 0; i < 2; i++) rows.add(test::packed(test::vtxRecord(c, 1, c + i, i)));
@@ -63,7 +64,7 @@ const Scene& scene(int32_t pipes) {
   const std::string folder = std::filesystem::temp_directory_path() / "pn10_load_bench";
   std::filesystem::remove_all(folder);
   std::filesystem::create_directories(folder);
-  made = {pipes, folder + "/net", folder + "/shuffled"};
+  made = {pipes, folder + "/net", folder + "/shuffled", folder + "/bare"};
   const int32_t nodes = pipes / 10 * 9;
   {
     Rows ndt(made.base + ".ndt", 220), pdt(made.base + ".pdt", 280), cdt(made.base + ".cdt", 214);
@@ -76,11 +77,14 @@ const Scene& scene(int32_t pipes) {
       cust.VTX_MODE = c % 4 ? 0 : 4;
       cdt.add(test::packed(cust));
     }
-    writeVertices(made.base + ".vtx", pipes, false);
-    writeVertices(made.shuffledBase + ".vtx", pipes, true);
+    writeVertices(made.base + ".vtx", pipes, false, 0);
+    writeVertices(made.shuffledBase + ".vtx", pipes, true, 0);
+    writeVertices(made.bareBase + ".vtx", pipes, false, 1);
   }
-  std::filesystem::create_hard_link(made.base + ".ndt", made.shuffledBase + ".ndt");
-  std::filesystem::create_hard_link(made.base + ".pdt", made.shuffledBase + ".pdt");
+  for (const std::string& other : {made.shuffledBase, made.bareBase}) {
+    std::filesystem::create_hard_link(made.base + ".ndt", other + ".ndt");
+    std::filesystem::create_hard_link(made.base + ".pdt", other + ".pdt");
+  }
   return made;
 }
 
@@ -151,6 +155,7 @@ void readPipes(benchmark::State& state, const std::string& base) {
 
 void readPipesInOrder(benchmark::State& state) { readPipes(state, scene(pipesOf(state)).base); }
 void readPipesShuffled(benchmark::State& state) { readPipes(state, scene(pipesOf(state)).shuffledBase); }
+void readPipesWithoutRuns(benchmark::State& state) { readPipes(state, scene(pipesOf(state)).bareBase); }
 
 /** A host that adds one node after the other. */
 void growByOne(benchmark::State& state) {
@@ -189,5 +194,6 @@ BENCHMARK(bareModel)->Apply(sizes);
 BENCHMARK(readModel)->Apply(sizes);
 BENCHMARK(readPipesInOrder)->Apply(sizes);
 BENCHMARK(readPipesShuffled)->Apply(sizes);
+BENCHMARK(readPipesWithoutRuns)->Apply(sizes);
 BENCHMARK(growAtOnce)->Apply(sizes);
 BENCHMARK(growByOne)->Apply(sizes);

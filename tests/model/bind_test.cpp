@@ -1,6 +1,5 @@
 /** Binding compared with a plain transcription of the two-pass rule, on vertex files in any order. */
 #include <algorithm>
-#include <chrono>
 #include <random>
 
 #include "model/bind_vertices.h"
@@ -155,8 +154,7 @@ TEST_F(Bind, runs_in_order_in_reverse_and_shuffled_bind_by_the_plain_rule) {
   expectPlainBinding(ordered.vtxs, ordered.pipes, "in reverse");
 }
 
-/** A plain scan of 400,000 vertices for each of 100,000 pipes would be 20,000 million looks. */
-TEST_F(Bind, shuffled_runs_are_bound_in_far_less_than_quadratic_time) {
+TEST_F(Bind, a_hundred_thousand_shuffled_runs_are_all_bound) {
   const Runs runs(100000, true);
   TempDir dir;
   dir.write("model.ndt", "");
@@ -164,9 +162,7 @@ TEST_F(Bind, shuffled_runs_are_bound_in_far_less_than_quadratic_time) {
   dir.write("model.pdt", fileOf(runs.pipes));
   ReadVtx(dir.base().c_str(), 0);
   ReadNdt(dir.base().c_str(), 0, 10.1f);
-  const auto begin = std::chrono::steady_clock::now();
   EXPECT_EQ(ReadPdt(dir.base().c_str(), 0, "", 0), 100000);
-  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
   for (int p = 1; p <= 100000; p++) {
     ASSERT_EQ(model.pdt[p].VTX_MODE, 4);
     ASSERT_EQ(model.pxy[p].LAST_VTX - model.pxy[p].FIRST_VTX, 3);
@@ -174,20 +170,40 @@ TEST_F(Bind, shuffled_runs_are_bound_in_far_less_than_quadratic_time) {
   }
 }
 
-TEST_F(Bind, pipes_whose_vertices_are_all_missing_cost_no_scan_each) {
-  TempDir dir;
-  std::vector<Vtx> services(400000, vtxRecord(1, 1, 1, 1));
-  std::vector<Pdt> pipes;
-  for (int p = 1; p <= 100000; p++) pipes.push_back(pipeRecord(p, 0, 0, 4));
-  dir.write("model.ndt", "");
-  dir.write("model.vtx", fileOf(services));
-  dir.write("model.pdt", fileOf(pipes));
-  ReadVtx(dir.base().c_str(), 0);
-  ReadNdt(dir.base().c_str(), 0, 10.1f);
-  const auto begin = std::chrono::steady_clock::now();
-  EXPECT_EQ(ReadPdt(dir.base().c_str(), 0, "", 0), 100000);
-  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
-  EXPECT_EQ(model.pdt[100000].VTX_MODE, 0);
+/**
+ * A table that is spoilt behind the back of its index shows who was asked: a scan of the table finds what stands there
+ * now, the index what stood there before. Bound by the index, a record costs a few looks, whatever the table's size.
+ */
+struct AskedIndex : Bind {
+  VtxIndex index{kSingleKinds};
+  BindRange range{};
+  void SetUp() override {
+    for (int32_t owner = 1; owner <= 200; owner++) addVtx(vtxRecord(owner, 0, 1, 1));
+    range = wholeRange(&index);
+    ASSERT_TRUE(index.ready());
+    for (int32_t v = 1; v <= 200; v++) model.vtx[v].VTX_OWNER = 1000;
+  }
+};
+
+TEST_F(AskedIndex, a_run_far_away_is_found_without_a_walk_to_it) {
+  addPipe(pipeRecord(150, 0, 0, 4));
+  BindPipeRun(1, &range);
+  EXPECT_EQ(model.pdt[1].VTX_MODE, 4);
+  EXPECT_EQ(model.pxy[1].FIRST_VTX, 150);
+}
+
+TEST_F(AskedIndex, an_owner_without_vertices_costs_no_walk_through_the_table) {
+  for (int32_t v = 100; v <= 200; v++) model.vtx[v].VTX_OWNER = 2000;
+  addPipe(pipeRecord(2000, 0, 0, 4));
+  BindPipeRun(1, &range);
+  EXPECT_EQ(model.pdt[1].VTX_MODE, 0);
+}
+
+TEST_F(AskedIndex, the_rest_of_the_table_is_asked_for_in_the_same_way) {
+  range.START = 160;
+  addPipe(pipeRecord(150, 0, 0, 4));
+  BindPipeRun(1, &range);
+  EXPECT_EQ(model.pxy[1].FIRST_VTX, 150);
 }
 
 TEST_F(Bind, without_an_index_the_result_is_the_same) {
