@@ -100,6 +100,8 @@ std::vector<Option> mapOptionRows() {
 
 void takeModelDefaults(const Args& args, const ModelInfo& info, MapOptions* options) {
   if (info.units.geographic && !args.has("--view")) options->view = View::Geographic;
+  if (options->view == View::Geographic && !info.units.geographic)
+    throw Failure{"the coordinates of this model are no longitudes and latitudes: --view geo has nothing to show"};
   std::copy(std::begin(info.digits), std::end(info.digits), std::begin(options->digits));
   if (args.has("--decimals"))
     std::fill(std::begin(options->digits), std::end(options->digits),

@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "extent.h"
-#include "label_room.h"
+#include "map_labels.h"
+#include "map_window.h"
 #include "output.h"
 #include "records.h"
 #include "unfinished.h"
@@ -15,50 +15,6 @@
 namespace host {
 
 namespace {
-
-struct Window {
-  double left, bottom, right, top;
-  double width() const { return right - left; }
-  double height() const { return top - bottom; }
-};
-
-/** The plane that is painted: model points as the view maps them. */
-Point planePoint(View view, double x, double y, double z) {
-  if (view == View::Isometric) {
-    Point p;
-    CalcIsoXY(x, y, static_cast<float>(z), &p.x, &p.y);
-    return p;
-  }
-  return {x, y};
-}
-
-Window fullWindow(View view, bool customers) {
-  if (view != View::Isometric) {
-    const Extent e = modelExtent(customers);
-    return {e.minX, e.minY, e.maxX, e.maxY};
-  }
-  Extent e;
-  for (int32_t n = 1; n <= recordCount(Kind::Node); n++) {
-    if (isDeleted(Kind::Node, n)) continue;
-    const Point p = planePoint(view, number(Kind::Node, n, NDT_X_COORD), number(Kind::Node, n, NDT_Y_COORD),
-                               number(Kind::Node, n, NDT_Z_COORD));
-    e.add(p.x, p.y);
-  }
-  return {e.minX, e.minY, e.maxX, e.maxY};
-}
-
-/** Widened to the shape of the picture around its middle, with a margin when it is the full extent. */
-Window fitted(Window w, double aspect, double margin) {
-  const double centreX = (w.left + w.right) / 2, centreY = (w.bottom + w.top) / 2;
-  double width = std::max(w.width(), 1e-9) * (1 + margin), height = std::max(w.height(), 1e-9) * (1 + margin);
-  if (w.width() <= 0 && w.height() <= 0) width = height = 100;
-  if (width / height < aspect) {
-    width = height * aspect;
-  } else {
-    height = width / aspect;
-  }
-  return {centreX - width / 2, centreY - height / 2, centreX + width / 2, centreY + height / 2};
-}
 
 /** A context for the output: an image, or a page of a PDF or SVG file. */
 class Sheet {
@@ -101,6 +57,7 @@ class Sheet {
   bool paper_;
 };
 
+constexpr double kPaperText = 0.75; /* a page is read from nearer than a screen */
 constexpr int32_t kInk = 0x403830, kNodeInk = 0x5A5048, kPipeInk = 0x6B3A1E, kCustomer = 0x4A7AA8;
 
 ViewOpts viewOptions(const MapOptions& o, double zoom, double displayHeight) {
@@ -151,7 +108,7 @@ ViewOpts viewOptions(const MapOptions& o, double zoom, double displayHeight) {
        o.pipeFields);
   fill(o.customerLabels, v.CustLabelMask, v.CustLabelLimit, v.CustFontSize, v.CustTransparent, v.CustUnits, v.CustLabel,
        20, o.customerFields);
-  v.NodeLabelAngle = 450;
+  v.NodeLabelAngle = o.view == View::Isometric ? 900 : 450;  // across the streets
   v.CustLabelAngle = 900;
   v.NodeLeader = 1;
   return v;
@@ -168,122 +125,15 @@ PlotOpts plotOptions(const MapOptions& o) {
   p.PrintCustSize = static_cast<int32_t>(45 * o.symbolScale);
   p.PrintLineWidth = std::max(1, static_cast<int32_t>(7 * o.lineScale));
   p.PrintLabelsOn = 1;
-  const auto points = static_cast<float>(o.textPoints * 10 * 0.75);
+  const auto points = static_cast<float>(o.textPoints * 10 * kPaperText);
   p.NodePrintFontSize = p.PipePrintFontSize = p.CustPrintFontSize = points;
   return p;
 }
 
-/** Pixels of the picture, from the plane. */
-struct Mapping {
-  const Window& window;
-  const Sheet& sheet;
-  View view;
-  Point operator()(double x, double y, double z = 0) const {
-    const Point p = planePoint(view, x, y, z);
-    return {(p.x - window.left) / window.width() * sheet.width, (window.top - p.y) / window.height() * sheet.height};
-  }
-};
-
-/** How long a label may become: its longest line in average characters. */
-double labelWidth(Kind kind, int32_t record, const std::vector<int16_t>& fields, double em) {
-  size_t longest = 0;
-  for (const int16_t field : fields) {
-    size_t length = 8;  // a number with its unit
-    for (const FieldName& f : fieldsOf(kind)) {
-      if (f.number == field && f.reads == Reads::Text) length = text(kind, record, field).size();
-    }
-    longest = std::max(longest, length);
-  }
-  return static_cast<double>(longest) * em * 0.55;
-}
-
-/** The pipes themselves take room too: a customer's label must not stand on them. */
-void takePipes(LabelRoom* room, const Mapping& map, double thickness) {
-  for (int32_t p = 1; p <= recordCount(Kind::Pipe); p++) {
-    if (isDeleted(Kind::Pipe, p)) continue;
-    std::vector<Point> path = {
-        map(number(Kind::Pipe, p, PDT_FROM_X), number(Kind::Pipe, p, PDT_FROM_Y), number(Kind::Pipe, p, PDT_FROM_Z))};
-    int32_t first = 0, last = 0;
-    GetPXY(p, &first, &last);
-    for (int32_t v = first; number(Kind::Pipe, p, PDT_VTX_MODE) == 4 && v > 0 && v <= last; v++) {
-      double x = 0, y = 0;
-      float z = 0;
-      GetVTXY(v, &x, &y, &z);
-      path.push_back(map(x, y, static_cast<double>(z)));
-    }
-    path.push_back(
-        map(number(Kind::Pipe, p, PDT_TO_X), number(Kind::Pipe, p, PDT_TO_Y), number(Kind::Pipe, p, PDT_TO_Z)));
-    for (size_t i = 1; i < path.size(); i++) {
-      const double dx = path[i].x - path[i - 1].x, dy = path[i].y - path[i - 1].y, length = std::hypot(dx, dy);
-      if (length > 0) room->take(path[i - 1].x, path[i - 1].y, dx / length, dy / length, length, thickness);
-    }
-  }
-}
-
-bool pipeLabelFits(const MapOptions& o, const Mapping& map, LabelRoom* room, int32_t p, double em) {
-  const Point a =
-      map(number(Kind::Pipe, p, PDT_FROM_X), number(Kind::Pipe, p, PDT_FROM_Y), number(Kind::Pipe, p, PDT_FROM_Z));
-  const Point b =
-      map(number(Kind::Pipe, p, PDT_TO_X), number(Kind::Pipe, p, PDT_TO_Y), number(Kind::Pipe, p, PDT_TO_Z));
-  const double length = std::hypot(b.x - a.x, b.y - a.y);
-  const double wide = labelWidth(Kind::Pipe, p, o.pipeFields, em),
-               high = em * 1.2 * static_cast<double>(o.pipeFields.size());
-  // Along straight pipes only, and with some line left at both ends.
-  if (length <= wide * 1.4 || number(Kind::Pipe, p, PDT_VTX_MODE) != 0) return false;
-  const double dx = (b.x - a.x) / length, dy = (b.y - a.y) / length;
-  const double x = (a.x + b.x) / 2 - dx * wide / 2, y = (a.y + b.y) / 2 - dy * wide / 2;
-  if (!room->fits(x, y, dx, dy, wide, high)) return false;
-  room->take(x, y, dx, dy, wide, high * 1.5);
-  return true;
-}
-
-/** Labels of points, beside their symbol: nodes slanted, so that they keep clear of streets, customers level. */
-struct PointLabels {
-  Kind kind;
-  bool on;
-  const std::vector<int16_t>& fields;
-  int16_t x, y, z, label;
-  double dx, dy;
-};
-
-void giveRoomToPoints(const PointLabels& k, const Mapping& map, LabelRoom* room, double em) {
-  for (int32_t r = 1; r <= recordCount(k.kind); r++) {
-    if (isDeleted(k.kind, r)) continue;
-    bool fits = false;
-    if (k.on) {
-      const Point at = map(number(k.kind, r, k.x), number(k.kind, r, k.y), number(k.kind, r, k.z));
-      // The text stands on its line of places, not across it.
-      const bool level = k.dy == 0;
-      const double x = at.x + k.dx * em - (level ? 0 : em * 0.35),
-                   y = at.y + k.dy * em - (level ? em * 0.7 : em * 0.35);
-      const double wide = labelWidth(k.kind, r, k.fields, em), high = em * 1.8 * static_cast<double>(k.fields.size());
-      fits = room->fits(x, y, k.dx, k.dy, wide, high);
-      if (fits) room->take(x, y, k.dx, k.dy, wide, high);
-    }
-    store(k.kind, r, k.label, "", fits);
-  }
-}
-
-/** Switches the labels of records on and off in memory, so that none stands on another; the model is not saved. */
-void giveRoom(const MapOptions& o, const Mapping& map, const Sheet& sheet) {
-  const double em = o.textPoints * sheet.dpi / 72, slant = std::sqrt(0.5);
-  LabelRoom room(sheet.width, sheet.height, std::max(3, static_cast<int32_t>(em / 3)));
-  for (int32_t p = 1; p <= recordCount(Kind::Pipe); p++) {
-    if (!isDeleted(Kind::Pipe, p)) SetPdtVal(p, PDT_LABEL_ON, "", o.pipeLabels && pipeLabelFits(o, map, &room, p, em));
-  }
-  for (int32_t c = 1; o.customers && c <= recordCount(Kind::Customer); c++) {
-    if (isDeleted(Kind::Customer, c)) continue;
-    const Point at = map(number(Kind::Customer, c, CDT_X_COORD), number(Kind::Customer, c, CDT_Y_COORD),
-                         number(Kind::Customer, c, CDT_Z_COORD));
-    room.take(at.x - em / 3, at.y, 1, 0, em * 0.6, em * 0.6);
-  }
-  giveRoomToPoints(
-      {Kind::Node, o.nodeLabels, o.nodeFields, NDT_X_COORD, NDT_Y_COORD, NDT_Z_COORD, NDT_LABEL_ON, slant, -slant}, map,
-      &room, em);
-  takePipes(&room, map, em / 4);
-  giveRoomToPoints({Kind::Customer, o.customerLabels && o.customers, o.customerFields, CDT_X_COORD, CDT_Y_COORD,
-                    CDT_Z_COORD, CDT_HOST_SHORT_411, 1, 0},
-                   map, &room, em);
+/** Arrows of 0.08 inches: on paper they take the factor of the nodes, which is their print size over the screen's. */
+int32_t paperArrowSize(const ViewOpts& view, const PlotOpts& plot) {
+  const double nodeFactor = plot.PrintNodeSize * 0.001 / (view.NodeSize * 0.1 / 96);
+  return static_cast<int32_t>(std::lround(0.08 * 96 / 0.3 / nodeFactor));
 }
 
 /**
@@ -335,21 +185,24 @@ void paintMap(const MapOptions& given) {
   MapOptions o = given;
   Sheet sheet(o);
   const double aspect = static_cast<double>(sheet.width) / sheet.height;
-  const Window window = o.window.empty() ? fitted(fullWindow(o.view, o.customers), aspect, 0.06)
-                                         : fitted({o.window[0], o.window[1], o.window[2], o.window[3]}, aspect, 0);
-  const Mapping map{window, sheet, o.view};
+  const Window window = pictureWindow(o, aspect);
+  const Mapping map{window, sheet.width, sheet.height, o.view};
   const double zoom = zoomOf(map, sheet);
   // A crowd of labels says nothing: below a quarter inch per pipe there are none.
   if (zoom < 0.25) o.nodeLabels = o.pipeLabels = o.customerLabels = false;
   if (zoom < 0.8) o.customerLabels = false;
-  if (o.nodeLabels || o.pipeLabels || o.customerLabels) giveRoom(o, map, sheet);
   settleRecords(o);
   hilite(o);
 
   if (o.colorBy == ColorBy::Trace) o.arrows = false;
   const double displayHeight = sheet.height * 96.0 / sheet.dpi;
-  const ViewOpts view = viewOptions(o, zoom, displayHeight);
+  ViewOpts view = viewOptions(o, zoom, displayHeight);
   const PlotOpts plot = plotOptions(o);
+  if (sheet.paper()) view.ArrowSize = paperArrowSize(view, plot);
+  if (o.nodeLabels || o.pipeLabels || o.customerLabels) {
+    const double em = o.textPoints * sheet.dpi / 72 * (sheet.paper() ? kPaperText : 1);
+    giveRoomToLabels(o, map, em, -view.DeviceSize * 0.001 * sheet.height);
+  }
   UnitOpts units{};
   std::copy(std::begin(o.digits), std::end(o.digits), std::begin(units.Digits));
   SetDrawVars(sheet.paper() ? 1 : 0, sheet.dc, nullptr, 1, &plot, &view, &units, nullptr, 0, 0,

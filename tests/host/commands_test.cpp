@@ -217,6 +217,25 @@ TEST_F(Render, bad_targets_and_options_are_refused) {
   EXPECT_NE(run({"render", base(), "-o", "a.gif"}).code, 0);
 }
 
+TEST_F(Render, the_geographic_view_needs_longitudes_and_latitudes) {
+  const TempDir out;
+  expectFailure(run({"render", base(), "-o", out.path("a.png"), "--view", "geo"}), "--view geo");
+  EXPECT_TRUE(filesIn(out.path("")).empty());
+}
+
+TEST(RenderDegrees, the_full_extent_fits_with_its_margin_though_latitudes_are_stretched) {
+  const TempDir dir;
+  dir.write("nodes.csv", "id,kind,x,y\na,junction,10,60\nb,junction,11,61\nc,junction,10,61\n");
+  dir.write("links.csv", "id,kind,from,to,length,diameter\np,pipe,a,c,1,100\nq,pipe,c,b,1,100\n");
+  ASSERT_EQ(run({"import", dir.path(""), dir.path("m"), "--units", "metric-degrees"}).code, 0);
+  ASSERT_EQ(run({"render", dir.path("m"), "-o", dir.path("m.svg"), "--size", "400,400"}).code, 0);
+  // 60 to 61 degrees are ln(tan 75.5 / tan 75) = 0.035446 radians = 2.03091 degrees on the tiles, and 1.06 times that
+  // is the page of 2400: 0.03 / 1.06 * 2400 = 67.9 above and below, and a degree of longitude is 1114.8 wide.
+  const std::string picture = dir.read("m.svg");
+  EXPECT_TRUE(contains(picture, "M642 2332L642 67")) << picture;
+  EXPECT_TRUE(contains(picture, "M642 67L1757 67")) << picture;
+}
+
 TEST_F(Trace, follows_the_network_and_paints_it) {
   const TempDir out;
   const Result r =
