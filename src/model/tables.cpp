@@ -61,7 +61,7 @@ void* reallocateRecords(void* block, int32_t count, size_t recordSize) {
   if (!fits(count, recordSize)) return nullptr;
   const size_t size = (static_cast<size_t>(count) + 1) * recordSize;
   void* grown = std::realloc(block, size);
-  adviseLargePages(grown, size);
+  if (grown != block) adviseLargePages(grown, size); /* a block that stays keeps its hint */
   return grown;
 }
 

@@ -2,7 +2,9 @@
 #include "platform/pages.h"
 
 #ifdef __linux__
+#include <malloc.h>
 #include <sys/mman.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstdint>
@@ -12,13 +14,20 @@ namespace pn10 {
 
 #if defined(__linux__) && defined(MADV_HUGEPAGE)
 
+/**
+ * The hint goes to all pages of the block, the first and last in part included: one that stopped short of them would
+ * split the mapping under the block, and realloc, which moves one mapping but not three, would copy the table each
+ * time it grows by a page.
+ */
 void adviseLargePages(void* block, size_t size) {
   constexpr uintptr_t kLargePage = uintptr_t{1} << 21;
-  if (!block || size < 2 * kLargePage) return;
-  const uintptr_t first = (reinterpret_cast<uintptr_t>(block) + kLargePage - 1) & ~(kLargePage - 1);
-  const uintptr_t end = (reinterpret_cast<uintptr_t>(block) + size) & ~(kLargePage - 1);
+  if (!block || size < kLargePage) return;
   const int hostsErrno = errno;
-  if (first < end) madvise(reinterpret_cast<void*>(first), end - first, MADV_HUGEPAGE);
+  const uintptr_t page = static_cast<uintptr_t>(sysconf(_SC_PAGESIZE));
+  const uintptr_t at = reinterpret_cast<uintptr_t>(block);
+  const uintptr_t first = at & ~(page - 1);
+  const uintptr_t end = (at + malloc_usable_size(block) + page - 1) & ~(page - 1);
+  madvise(reinterpret_cast<void*>(first), end - first, MADV_HUGEPAGE);
   errno = hostsErrno;
 }
 
