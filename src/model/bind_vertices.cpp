@@ -33,8 +33,8 @@ int32_t firstMatch(int32_t owner, VtxKinds kinds, const BindRange& range) {
   if (!range.index || to - from < kNear) return scan(owner, kinds, from, to);
   const int32_t soon = scan(owner, kinds, from, from + kNear - 1);
   if (soon) return soon;
-  return range.index->ready() ? range.index->find(owner, kinds, from + kNear, to)
-                              : scan(owner, kinds, from + kNear, to);
+  return range.index->pays(to - from) ? range.index->find(owner, kinds, from + kNear, to)
+                                      : scan(owner, kinds, from + kNear, to);
 }
 
 /** Turns to the part of the table before or behind the range; false when the range is the whole table. */
@@ -58,14 +58,21 @@ int32_t firstMatchAnywhere(int32_t owner, VtxKinds kinds, BindRange* range) {
 
 }  // namespace
 
-bool VtxIndex::ready() {
-  if (tried_) return made_;
-  tried_ = true;
+bool VtxIndex::pays(int32_t records) {
+  if (!tried_) {
+    far_ += records;
+    if (far_ <= vtxTop()) return false;
+    tried_ = true;
+    made_ = make();
+  }
+  return made_;
+}
+
+bool VtxIndex::make() {
   const int32_t top = vtxTop();
   size_t count = 0;
   for (int32_t v = 1; v <= top; v++) count += model.vtx[v].VTX_OWNER != 0 && isKind(model.vtx[v].VTX_KIND, kinds_);
-  made_ = owned_.resize(count);
-  if (!made_) return false;
+  if (!owned_.resize(count)) return false;
   uint64_t* next = owned_.data();
   for (int32_t v = 1; v <= top; v++) {
     const Vtx& vtx = model.vtx[v];

@@ -25,19 +25,23 @@ constexpr VtxKinds kServiceKinds = 1u << 1 | 1u << 3 | 1u << 5 | 1u << 7; /* ser
 constexpr bool isKind(int16_t kind, VtxKinds kinds) { return kind >= 0 && kind < 32 && (kinds >> kind & 1) != 0; }
 
 /**
- * Vertices by owner, made on the first search that the range does not answer soon, for one load. Owners do not
- * change during a load; kinds do, and are looked at in the table. Without memory searches stay plain scans.
+ * Vertices by owner, for one load, made once its far searches come to more than a walk over the table: in a file in
+ * order there is only one, for the first service line behind all pipes. Owners do not change during a load; kinds do,
+ * and are looked at in the table. Without memory searches stay plain scans.
  */
 class VtxIndex {
  public:
   explicit VtxIndex(VtxKinds kinds) : kinds_(kinds) {}
-  /** False when there is no index. */
-  bool ready();
+  /** Whether to ask it rather than look at `records` one by one; false also when there is no index. */
+  bool pays(int32_t records);
   /** First record of `owner` from `from` to `to` with one of `kinds`, 0 when there is none. */
   int32_t find(int32_t owner, VtxKinds kinds, int32_t from, int32_t to) const;
 
  private:
+  bool make();
+
   VtxKinds kinds_;
+  int64_t far_ = 0; /* records that the far searches so far had before them */
   bool tried_ = false, made_ = false;
   Buffer<uint64_t> owned_; /* owner in the upper half, record number in the lower, ascending */
 };
