@@ -52,10 +52,9 @@ int32_t ReadFtg(const char* base, int16_t append, int32_t idOffset, const char* 
   const int64_t size = file ? fileSize(file.get()) : -1;
   if (size < 0) return -2;
   const int32_t first = append ? std::max(model.ftgCount, 0) : 0;
-  const int64_t total = static_cast<int64_t>(first) + recordCount(size - kFdtFormat.header, kFdtFormat.stride);
-  if (total >= INT32_MAX) return -1;
-  if (!resizeFittings(static_cast<int32_t>(total))) return -1;
-  model.ftgCount = static_cast<int32_t>(total);
+  const int64_t total = int64_t{first} + recordCount(size - kFdtFormat.header, kFdtFormat.stride);
+  model.ftgCount = static_cast<int32_t>(std::min<int64_t>(total, INT32_MAX)); /* kept: as sized, also without memory */
+  if (!resizeFittings(model.ftgCount)) return -1;
   if (hasHeader(version)) {
     readFittings<kFdtFormat>(file.get(), first, idOffset);
   } else {

@@ -107,6 +107,69 @@ TEST_F(NoMemory, read_pdt_that_cannot_open_answers_minus_2) {
   EXPECT_EQ(model.pdt[100].ID, 0);
 }
 
+TEST_F(NoMemory, read_cdt_without_one_of_its_two_tables) {
+  dir.write("model.cdt", fileOf(std::vector<Cdt>{custRecord(1, 0), custRecord(2, 0)}));
+  for (int n = 1; n <= 2; n++) {
+    failAllocation(n);
+    EXPECT_EQ(ReadCdt(dir.base().c_str(), 0), -1) << n;
+    EXPECT_EQ(model.custCount, 2) << n;
+    EXPECT_EQ(model.cxy, nullptr) << n;
+    releaseTable(model.cdt);
+  }
+}
+
+TEST_F(NoMemory, read_cdt_that_cannot_open_answers_minus_2) {
+  dir.write("model.cdt", fileOf(std::vector<Cdt>{custRecord(1, 0), custRecord(2, 0)}));
+  failOpening(1);
+  EXPECT_EQ(ReadCdt(dir.base().c_str(), 0), -2);
+  EXPECT_EQ(model.cdt, nullptr);
+  EXPECT_EQ(model.custCount, 0);
+  failOpening(2);
+  EXPECT_EQ(ReadCdt(dir.base().c_str(), 0), -2);
+  EXPECT_EQ(model.custCount, 2);
+  EXPECT_EQ(model.cdt[2].ID, 0);
+  EXPECT_EQ(model.cxy[2].DRAW, 0);
+}
+
+TEST_F(NoMemory, read_ftg_keeps_the_count_as_sized_and_the_records_it_had) {
+  dir.write("model.fdt", fileOf({ftgRecord(1, "tee"), ftgRecord(2, "cap")}));
+  failAllocation(1);
+  EXPECT_EQ(ReadFtg(dir.base().c_str(), 0, 0, "10.0"), -1);
+  EXPECT_EQ(model.ftgCount, 2);
+  EXPECT_EQ(model.fdt, nullptr);
+  EXPECT_EQ(ftgTop(), -1);
+  EXPECT_EQ(ReadFtg(dir.base().c_str(), 0, 0, "10.0"), 2);
+  failAllocation(1);
+  EXPECT_EQ(ReadFtg(dir.base().c_str(), 1, 0, "10.0"), -1);
+  EXPECT_EQ(model.ftgCount, 4);
+  EXPECT_EQ(ftgTop(), 2);
+  EXPECT_STREQ(model.fdt[2].FTG_NAME, "cap");
+}
+
+TEST_F(NoMemory, a_load_in_file_order_takes_its_tables_and_nothing_else) {
+  std::vector<Vtx> vtxs;
+  std::vector<Pdt> pipes;
+  std::vector<Cdt> custs;
+  for (int p = 1; p <= 100; p++) {
+    pipes.push_back(pipeRecord(p, 1, 2, 4));
+    custs.push_back(custRecord(p, p));
+    custs.back().VTX_MODE = 4;
+    for (int i = 0; i < 2; i++) vtxs.push_back(vtxRecord(p, 0, 1, 1));
+  }
+  for (int c = 1; c <= 100; c++) vtxs.push_back(vtxRecord(c, 1, 1, 1));
+  dir.write("model.vtx", fileOf(vtxs));
+  dir.write("model.pdt", fileOf(pipes));
+  dir.write("model.cdt", fileOf(custs));
+  readNdt();
+  const size_t before = liveBytes();
+  resetPeak();
+  ReadVtx(dir.base().c_str(), 0);
+  EXPECT_EQ(readPdt(), 100);
+  EXPECT_EQ(ReadCdt(dir.base().c_str(), 0), 100);
+  EXPECT_EQ(peakBytes() - before, 301 * sizeof(Vtx) + 101 * (sizeof(Pdt) + sizeof(PXY) + sizeof(Cdt) + sizeof(CXY)));
+  EXPECT_EQ(model.cxy[100].FIRST_VTX, 300);
+}
+
 TEST_F(NoMemory, vertices_out_of_order_are_bound_also_without_room_for_an_index) {
   readNdt();
   ReadVtx(dir.base().c_str(), 0);
