@@ -46,11 +46,11 @@ void CalcIsoXY(double x, double y, float z, double* outX, double* outY) {
   if (outY) *outY = isoY(x, y, z);
 }
 
-void CalcXYIso(double x, double y, float z, double* outX, double* outY) {
-  const double across = x / kIsoX, up = y - z;
+void CalcXYIso(double isoX, double isoY, float z, double* x, double* y) {
+  const double across = isoX / kIsoX, up = isoY - z;
   const double modelY = (up + up + across) * 0.5;
-  if (outX) *outX = across - modelY;
-  if (outY) *outY = modelY;
+  if (x) *x = across - modelY;
+  if (y) *y = modelY;
 }
 
 int16_t CalcIsoDeg(float tenthsOfDegree) { return toInt16(bent(kTenths, kTenthsRest, tenthsOfDegree)); }
