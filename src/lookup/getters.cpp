@@ -189,6 +189,12 @@ constexpr Access kVLut = {kVLutFields, std::size(kVLutFields), FindVLutRno, "get
 constexpr Access kWLut = {kWLutFields, std::size(kWLutFields), FindWLutRno, "getwlut %i", -1.0};
 constexpr Access kCLut = {kCLutFields, std::size(kCLutFields), FindCLutRno, "getclut %i", -1.0};
 
+/** The one number that needs no rows, the same in all of the five. */
+constexpr int16_t kCountNumber = FLUT_COUNT;
+constexpr bool hasCountThere(const Access& access) { return access.fields[kCountNumber].kind == Field::kCount; }
+static_assert(hasCountThere(kFLut) && hasCountThere(kRLut) && hasCountThere(kVLut) && hasCountThere(kWLut) &&
+              hasCountThere(kCLut));
+
 double readMember(const Field& field, const void* row, char* text) {
   const char* at = static_cast<const char*>(row) + field.offset;
   if (field.kind == Field::kFloat) {
@@ -229,7 +235,7 @@ double readField(const Lut<Row>& lut, const Access& access, int32_t row, char* t
 template <class Row>
 double checkedField(const Lut<Row>& lut, const Access& access, int32_t row, char* text, int16_t number) {
   if (row < 0 || lut.count == 0 || row > lut.count) return access.bad;
-  if (!lut.rows && number != 1) return access.bad;
+  if (!lut.rows && number != kCountNumber) return access.bad;
   return readField(lut, access, row, text, number);
 }
 
