@@ -1,6 +1,7 @@
 // pn10 find: a node by its name, a pipe by its id or identifier, or what lies at a point.
 #include <pn10gdi.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
@@ -67,6 +68,12 @@ int32_t nodeAt(double x, double y, double* within) {
   return found;
 }
 
+/** From end to end of a pipe, on the map. */
+double chord(int32_t pipe) {
+  return std::hypot(number(Kind::Pipe, pipe, PDT_TO_X) - number(Kind::Pipe, pipe, PDT_FROM_X),
+                    number(Kind::Pipe, pipe, PDT_TO_Y) - number(Kind::Pipe, pipe, PDT_FROM_Y));
+}
+
 int run(const Args& args) {
   const int asked = args.has("--node") + args.has("--pipe") + args.has("--at");
   if (asked != 1) throw UsageError{"one of --node, --pipe and --at is wanted"};
@@ -84,15 +91,16 @@ int run(const Args& args) {
     const std::vector<double> at = args.numbers("--at", 2);
     const Extent extent = modelExtent(false);
     const double radius = args.numberWithin("--radius", 0.01 * (extent.width() + extent.height()), 0, 1e30);
-    // A node wins over the pipes that end at it, within a tenth of the radius.
-    away = radius * 0.1;
-    record = nodeAt(at[0], at[1], &away);
-    if (record) {
+    float toPipe = static_cast<float>(radius);
+    double toNode = radius;
+    record = FindPipeXY(at[0], at[1], &toPipe, 0, 0, 0, 0);
+    away = static_cast<double>(toPipe);
+    // Who points at a node is on the first twentieth of its pipes, or beside all of them.
+    const int32_t node = nodeAt(at[0], at[1], &toNode);
+    if (node && (!record || toNode <= std::max(1.5 * away, chord(record) / 20))) {
       kind = Kind::Node;
-    } else {
-      float distance = static_cast<float>(radius);
-      record = FindPipeXY(at[0], at[1], &distance, 0, 0, 0, 0);
-      away = static_cast<double>(distance);
+      record = node;
+      away = toNode;
     }
   }
   if (!record) {
@@ -114,7 +122,7 @@ Command findCommand() {
           {{"--node", "NAME", "a node, in any case"},
            {"--pipe", "ID", "a pipe by its id, or by its external identifier"},
            {"--partial", nullptr, "a part of the name or identifier is enough"},
-           {"--at", "X,Y", "the node or pipe at a point of the map"},
+           {"--at", "X,Y", "the node or pipe nearest to a point of the map"},
            {"--radius", "R", "how far from the point, in map units (1 percent of the map)"},
            {"--json", nullptr, "as JSON"}},
           run};

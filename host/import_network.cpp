@@ -71,8 +71,20 @@ class Maker {
       if (!nodes_.emplace(node.id, static_cast<int32_t>(i)).second)
         failAt(node.where, "node '" + node.id + "' is there twice");
     }
+    for (const SourceNode& node : source_.nodes) {
+      if (source_.units.geographic) checkPlace(node.where, "node '" + node.id + "'", node.at);
+    }
+    for (const SourceCustomer& customer : source_.customers) {
+      if (source_.units.geographic) checkPlace(customer.where, "customer '" + customer.id + "'", customer.at);
+    }
     numbers_.assign(source_.nodes.size(), -1);
     ends_.assign(source_.nodes.size(), 0);
+  }
+
+  /** Metres taken for degrees would paint an empty picture. */
+  static void checkPlace(const Where& where, const std::string& who, const Point& at) {
+    if (std::fabs(at.x) <= 180 && std::fabs(at.y) <= 90) return;
+    failAt(where, who + ": " + shortNumber(at.x) + ", " + shortNumber(at.y) + " are no longitude and latitude");
   }
 
   int32_t nodeOf(const SourceLink& link, const std::string& id) const {

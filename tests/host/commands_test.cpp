@@ -167,6 +167,24 @@ TEST_F(Find, the_nearest_node_wins_whatever_its_number) {
   EXPECT_EQ(run({"find", base(), "--pipe", "1e99"}).code, 1);
 }
 
+TEST(FindAt, a_pipe_is_found_on_its_way_and_a_node_at_its_place) {
+  const TempDir dir;
+  EXPECT_EQ(shell("mkdir net", dir.path("")).code, 0);
+  dir.write("net/nodes.csv", "id,x,y\nA,0,0\nB,100,0\n");
+  dir.write("net/links.csv", "id,from,to,diameter\n1,A,B,150\n");
+  EXPECT_EQ(run({"import", dir.path("net"), dir.path("n")}).code, 0);
+  const struct {
+    const char *at, *kind;
+    double distance;
+  } rows[] = {{"50,1", "pipe", 1}, {"100,0", "node", 0},         {"103,4", "node", 5},
+              {"94,1", "pipe", 1}, {"97,1", "node", 3.16227766}, {"-3,0", "node", 3}};
+  for (const auto& row : rows) {
+    const std::string found = run({"find", dir.path("n"), "--at", row.at, "--radius", "100", "--json"}).out;
+    EXPECT_TRUE(contains(found, std::string("\"kind\":\"") + row.kind)) << row.at << found;
+    EXPECT_NEAR(numberBehind(found, "\"distance\":"), row.distance, 1e-4) << row.at;
+  }
+}
+
 TEST_F(Info, speaks_in_the_units_of_the_model) {
   const TempDir dir;
   EXPECT_EQ(shell("mkdir net", dir.path("")).code, 0);

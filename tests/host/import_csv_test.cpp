@@ -170,4 +170,15 @@ TEST(ImportCsv, long_names_are_cut_and_counted) {
   EXPECT_TRUE(contains(f.fields("pipe", 1), "\"" + std::string(20, 'l') + "\""));
 }
 
+TEST(ImportCsv, metres_are_no_degrees) {
+  const TempDir dir;
+  EXPECT_EQ(shell("mkdir net", dir.path("")).code, 0);
+  dir.write("net/nodes.csv", "id,x,y\nA,8.5,48.5\nB,3416652.5,5368414\n");
+  dir.write("net/links.csv", "id,from,to,diameter\n1,A,B,150\n");
+  const Result r = run({"import", dir.path("net"), dir.path("n"), "--units", "metric-degrees"});
+  EXPECT_EQ(r.code, 1);
+  EXPECT_TRUE(contains(r.err, "nodes.csv:3: node 'B': 3416652.5, 5368414 are no longitude and latitude")) << r.err;
+  EXPECT_FALSE(dir.exists("n.ndt"));
+}
+
 }  // namespace
