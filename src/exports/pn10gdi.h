@@ -402,127 +402,127 @@ typedef struct DevPair {
 
 typedef struct ViewOpts {
   /* general */
-  int32_t BackColor;
-  int32_t LineWidth;
-  int32_t SymbolsAllZoom;
+  int32_t BackColor;      /* colour of the screen and inside hollow symbols on it; paper is white */
+  int32_t LineWidth;      /* pen width of symbols, device units; above 97 counts as 2 */
+  int32_t SymbolsAllZoom; /* flag: symbols under five device units too, and flags beyond the zoom limits */
   /* nodes */
-  int32_t NodeOn;
-  float NodeZoomLimit;
-  int32_t NodeSize;
-  int32_t NodeColor;
-  int32_t NodeSpecialColor;
-  int32_t NodeSymbol;
-  float NodeFontSize;
-  int32_t NodeFontBold;
-  int32_t NodeTextColor;
-  int32_t NodeLabelAngle;
-  int32_t NodeLabelMask;
-  float NodeLabelLimit;
-  int32_t NodeLabelsOnPrint;
-  int32_t NodeLabelsLoadedOnly;
-  int32_t NodePrefix;
-  int32_t NodeUnits;
-  int32_t NodeTransparent;
-  int32_t NodeLeader;
-  int32_t NodeLabel[20];
-  int32_t NodeFlag3On;
-  int32_t NodeLoadMarkOn;
+  int32_t NodeOn;               /* flag: node pass on; else the single node of SetDrawVars */
+  float NodeZoomLimit;          /* beyond this map scale no nodes; 0 no limit */
+  int32_t NodeSize;             /* tenths of a display unit; negative: tenths of a percent of the view height */
+  int32_t NodeColor;            /* of nodes with a negative COLOR */
+  int32_t NodeSpecialColor;     /* the same for node types 1 and 2 */
+  int32_t NodeSymbol;           /* of nodes with SYMBOL 0; negative: hollow */
+  float NodeFontSize;           /* screen: points, or display units with the font mode 1 of PlotOpts; 0 no labels */
+  int32_t NodeFontBold;         /* flag, screen */
+  int32_t NodeTextColor;        /* colour */
+  int32_t NodeLabelAngle;       /* compass direction of labels, tenths of a degree */
+  int32_t NodeLabelMask;        /* nonzero: labels on */
+  float NodeLabelLimit;         /* labels while the map scale is at or below it; 0 none */
+  int32_t NodeLabelsOnPrint;    /* not read; see PlotOpts.PrintLabelsOn */
+  int32_t NodeLabelsLoadedOnly; /* flag: labels of loaded nodes alone */
+  int32_t NodePrefix;           /* flag: label lines with a prefix */
+  int32_t NodeUnits;            /* flag: label lines with their unit */
+  int32_t NodeTransparent;      /* flag: no background behind the text */
+  int32_t NodeLeader;           /* flag: a line from a moved label to its node */
+  int32_t NodeLabel[20];        /* field numbers of the label lines; 0 ends them */
+  int32_t NodeFlag3On;          /* flag: outlined pennant of FLAG_TYPE 3 */
+  int32_t NodeLoadMarkOn;       /* flag: red flag of nodes with a load */
   /* pipes */
-  int32_t PipeColor;
-  int32_t ElemColor;
-  int32_t PipeColorMode;
-  int32_t PipeWidth;
-  int32_t PipeLineType;
-  float PipeFontSize;
-  int32_t PipeFontBold;
-  int32_t PipeTextColor;
-  int32_t PipeLabelMask;
-  float PipeLabelLimit;
-  int32_t PipePrefix;
+  int32_t PipeColor;     /* of pipes, see SetPipeColor */
+  int32_t ElemColor;     /* of regulators, compressors, valves and wells */
+  int32_t PipeColorMode; /* int16: 0 or -1 plain, -2 by size, -3 by facility */
+  int32_t PipeWidth;     /* int16: pen width, 98 by facility, 99 by size */
+  int32_t PipeLineType;  /* int16: line style number, 98 by facility, 99 by size; 6 hides */
+  float PipeFontSize;    /* as NodeFontSize */
+  int32_t PipeFontBold;  /* flag, screen */
+  int32_t PipeTextColor; /* colour */
+  int32_t PipeLabelMask; /* nonzero: labels on */
+  float PipeLabelLimit;  /* as NodeLabelLimit */
+  int32_t PipePrefix;    /* flags, as for nodes */
   int32_t PipeUnits;
   int32_t PipeTransparent;
   int32_t PipeLeader;
-  int32_t PipeLabel[19];
-  int32_t DevicesUnlabelled;
-  int32_t DevicesOn;
-  float DeviceZoomLimit;
-  int32_t DeviceSize;
-  int32_t ArrowsOn;
-  float ArrowZoomLimit;
-  int32_t ArrowSize;
-  int32_t ArrowStyle;
-  int32_t ArrowMinFlow;
-  int32_t ArrowsAtMidVertex;
-  int32_t VtxMarksOn;
-  int32_t VtxMarksFilled;
+  int32_t PipeLabel[19];     /* field numbers of the label lines; 0 ends them, 71 numbers the segments */
+  int32_t DevicesUnlabelled; /* flag: labels for pipes alone */
+  int32_t DevicesOn;         /* flag: symbols of devices and fittings */
+  float DeviceZoomLimit;     /* screen: beyond this map scale no symbols; 0 no limit */
+  int32_t DeviceSize;   /* 0 end to end; tenths of a world unit, bow tie: display unit; negative: 1/1000 of the view */
+  int32_t ArrowsOn;     /* flag: flow arrows */
+  float ArrowZoomLimit; /* beyond this map scale no arrows; 0 no limit */
+  int32_t ArrowSize;    /* 0 by the node size; in 0.3 display units; negative: in 0.3 percent of the view height */
+  int32_t ArrowStyle;   /* 0 open, else feathered */
+  int32_t ArrowMinFlow; /* hundredths of a flow unit; less flow has no arrow */
+  int32_t ArrowsAtMidVertex; /* flag: one arrow in the middle of a polyline, else one on every segment */
+  int32_t VtxMarksOn;        /* flag: marks at vertices */
+  int32_t VtxMarksFilled;    /* flag: marks and devices in the pipe's colour, else hollow */
   /* customers */
-  int32_t CustOn;
-  float CustZoomLimit;
-  int32_t CustSize;
-  int32_t CustColor;
-  int32_t CustSymbol;
-  float CustFontSize;
-  int32_t CustFontBold;
-  int32_t CustTextColor;
-  int32_t CustLabelAngle;
-  int32_t CustLabelMask;
-  float CustLabelLimit;
-  int32_t CustPrefix;
+  int32_t CustOn;         /* flag: customer pass on; else the single customer of SetDrawVars */
+  float CustZoomLimit;    /* as NodeZoomLimit */
+  int32_t CustSize;       /* as NodeSize */
+  int32_t CustColor;      /* of customers with a negative COLOR */
+  int32_t CustSymbol;     /* of customers without one; 1 none and no service line; negative: hollow */
+  float CustFontSize;     /* as NodeFontSize */
+  int32_t CustFontBold;   /* flag, screen */
+  int32_t CustTextColor;  /* colour */
+  int32_t CustLabelAngle; /* as NodeLabelAngle */
+  int32_t CustLabelMask;  /* nonzero: labels on */
+  float CustLabelLimit;   /* as NodeLabelLimit */
+  int32_t CustPrefix;     /* flags, as for nodes */
   int32_t CustUnits;
   int32_t CustTransparent;
   int32_t CustLeader;
-  int32_t CustLabel[20];
-  int32_t CustChangeMarkOn;
+  int32_t CustLabel[20];    /* field numbers of the label lines; 428 numbers the segments */
+  int32_t CustChangeMarkOn; /* flag: marks where a service line changes */
   /* graphic text and user graphics */
-  int32_t TextOn;
-  int32_t UgdOn;
-  int32_t UgdLineStyle;
-  int32_t UgdSymbolSize;
+  int32_t TextOn;        /* flag: text pass on */
+  int32_t UgdOn;         /* flag: user graphics pass on */
+  int32_t UgdLineStyle;  /* line style number of user graphics without one */
+  int32_t UgdSymbolSize; /* as NodeSize */
 } ViewOpts;
 
 typedef struct PlotOpts {
   /* general */
-  int32_t Mono;
-  int32_t Metric;
-  int32_t PollPercent;
-  int32_t ShortPipeSkip;
-  int32_t ClipOn;
+  int32_t Mono;          /* flag: prints in black */
+  int32_t Metric;        /* flag: print sizes in thousandths of a millimetre, else of an inch */
+  int32_t PollPercent;   /* share of a pass between two looks at the keyboard; 0 every item */
+  int32_t ShortPipeSkip; /* flag: no pipes and chords shorter than the pixels of SetPNGDIScale */
+  int32_t ClipOn;        /* flag: lines cut to the window before they are painted */
   /* selection */
-  int32_t HiliteColor;
-  int32_t GripsOn;
-  int32_t GripsShown;
-  int32_t GripColor;
-  int32_t GripSize;
+  int32_t HiliteColor; /* of selected items; negative: one that stands off the background */
+  int32_t GripsOn;     /* flag: selected items have grips, on screen */
+  int32_t GripsShown;  /* flag: and they are painted; without it they are only erased */
+  int32_t GripColor;   /* colour */
+  int32_t GripSize;    /* hundredths of a percent of the view height */
   /* print sizes */
-  int32_t PrintNodeSize;
-  int32_t PrintCustSize;
-  int32_t PrintLineWidth;
-  int32_t PrintLabelsOn;
+  int32_t PrintNodeSize;  /* of a node of the default size, see Metric */
+  int32_t PrintCustSize;  /* of a customer of the default size */
+  int32_t PrintLineWidth; /* of a line of ViewOpts.LineWidth; 0 keeps it */
+  int32_t PrintLabelsOn;  /* flag: labels of nodes, pipes and customers on paper */
   /* fonts of the labels */
-  float NodePrintFontSize;
-  int32_t NodePrintBold;
-  int32_t NodeFontMode;
-  float PipePrintFontSize;
+  float NodePrintFontSize; /* tenths of a point, or of a world unit times 1.4 with the mode 1 */
+  int32_t NodePrintBold;   /* flag, paper */
+  int32_t NodeFontMode;    /* 1 text grows with the map, else points */
+  float PipePrintFontSize; /* as for nodes */
   int32_t PipePrintBold;
   int32_t PipeFontMode;
-  float CustPrintFontSize;
+  float CustPrintFontSize; /* as for nodes */
   int32_t CustPrintBold;
   int32_t CustFontMode;
   /* sheet */
-  int32_t FrameOn;
-  int32_t FrameWidth;
-  int32_t TitleOn;
-  int32_t TitleFontSize;
-  int32_t TitleBold;
-  int32_t BlockFrameOn;
-  int32_t BlockFontSize;
-  int32_t BlockBold;
-  int32_t ScaleMode;
+  int32_t FrameOn;       /* flag */
+  int32_t FrameWidth;    /* thousandths of an inch, or of a millimetre with UnitOpts.Metric */
+  int32_t TitleOn;       /* flag */
+  int32_t TitleFontSize; /* tenths of a point */
+  int32_t TitleBold;     /* flag */
+  int32_t BlockFrameOn;  /* flag */
+  int32_t BlockFontSize; /* tenths of a point */
+  int32_t BlockBold;     /* flag */
+  int32_t ScaleMode;     /* 0 inches or millimetres to a world unit, else a ratio */
 } PlotOpts;
 
 typedef struct UnitOpts {
-  float Digits[32];
-  int32_t Metric;
+  float Digits[32]; /* decimals of each labelled quantity, see GetNumFormat */
+  int32_t Metric;   /* flag: the sheet is metric */
 } UnitOpts;
 
 /* ------------------------------------------------------------------------------------------------
@@ -1731,7 +1731,7 @@ PN10_EXPORT int32_t PN10_CALL ResetFacSettings(void);
  * Resolve colour, line type and line width of a pipe into its screen record.
  *
  * COLOR: 0 or more is the colour; -1 asks for PipeColorMode of ViewOpts, -2 for the colour of its size, -3 for that
- * of its facility. A plain pipe that is off takes the off colour, and so does every element that is off.
+ * of its facility. Of what asks, a plain pipe that is off takes the off colour, and so does every element that is off.
  * LINE_TYPE, LINE_WIDTH: 0 asks for the default of ViewOpts, 98 for the facility (a width counts one more), 99 for
  * the size; a default may itself be 98 or 99.
  */
@@ -1824,7 +1824,7 @@ PN10_EXPORT int32_t PN10_CALL SetPNGDIScale(double x0, double y0, double x1, dou
  * Paints ranges of all tables: pipes, nodes, customers, text, user graphics, in this order.
  *
  * Erases nothing and paints no background. A range whose first or last record is 0 is skipped.
- * @param clearHilite     nonzero: erase the marks of items that are no longer selected
+ * @param clearHilite     nonzero: take selections and grips away from all that is painted
  * @param recolourPipes   nonzero: resolve colours anew; set to 0 by a pass that ran to its end
  * @param linesOnly       nonzero: pipes without devices, arrows and vertex marks
  * @return -1, also when the user cancelled with Escape
