@@ -45,7 +45,8 @@ TEST_F(FacilityFlags, a_pipe_takes_the_flags_of_its_row_and_its_nodes_are_to_be_
 TEST_F(FacilityFlags, the_equation_keeps_its_negative_sign_when_a_row_gives_it) {
   struct {
     int number, rowEquation, stored, expected;
-  } cases[] = {{7, 5, -1, -5}, {7, -1, -1, -3}, {7, 0, -1, 0}, {7, 5, 2, 2}, {8, 5, -1, 3}, {8, 5, 2, 2}};
+  } cases[] = {{7, 5, -1, -5}, {7, -1, -1, -3}, {7, 0, -1, 0}, {7, 5, 2, 2},
+               {7, 5, 0, 0},   {8, 5, -1, 3},   {8, 5, 2, 2},  {8, 5, 0, 0}};
   for (const auto& c : cases) {
     makeFacilities({7})[1].Equation = static_cast<int16_t>(c.rowEquation);
     makeNetwork(2, {{1, 2}});
@@ -165,7 +166,7 @@ TEST_F(FacilityFlags, resetting_without_recompute_gives_nodes_the_flags_of_the_l
   makeNetwork(3, {{1, 2}, {2, 3}});
   model.pdt[1].FACILITY = 1;
   model.pdt[2].FACILITY = 2;
-  EXPECT_EQ(ResetPipeFacSettings(1, 2, 1, "Psi", 0), 0);
+  EXPECT_EQ(ResetPipeFacSettings(-1, 99, 1, "Psi", 0), 0);  // the range that is there
   EXPECT_EQ(flagsOf(model.nxy[1]), (Flags{1, 1, 0, 0}));
   EXPECT_EQ(flagsOf(model.nxy[2]), (Flags{0, 0, 3, 3}));
   EXPECT_EQ(flagsOf(model.nxy[3]), (Flags{0, 0, 3, 3}));
