@@ -26,6 +26,7 @@ TEST(MakeLogFont, on_screen_in_points) {
   EXPECT_EQ(f.lfWeight, 400);
   EXPECT_EQ(f.lfHeight, -18); /* 9 * 144 / 72 */
   EXPECT_EQ(fontOf(0, 9, 500, 1, 0, 2).lfWeight, 700);
+  EXPECT_EQ(fontOf(0, 90, 500, 0, 0, 0).lfHeight, -180); /* 90 * 144 / 72 */
 }
 
 TEST(MakeLogFont, on_screen_in_display_units) {

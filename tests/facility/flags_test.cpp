@@ -347,6 +347,8 @@ TEST_F(FacilityFlags, records_that_are_not_there_do_nothing) {
       CopyFacPipe(1, bad);
       EXPECT_EQ(GetFacActivePipe(bad), 0);
       EXPECT_EQ(GetFacDisplayNode(bad), 0);
+      EXPECT_EQ(GetFacReportNode(bad), 0);
+      EXPECT_EQ(GetFacActiveNode(bad), 0);
       EXPECT_EQ(GetFacDisplayCust(bad), 0);
       EXPECT_EQ(GetFacActiveCust(bad), bad == 0 ? 1 : 0);
     }
