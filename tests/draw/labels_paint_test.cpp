@@ -326,6 +326,10 @@ TEST_F(Labels, segment_numbers_of_service_lines_have_joints_of_their_own) {
   view().CustLabel[0] = 428;
   picture.view.CustLabelMask = 0;
   EXPECT_EQ(texts(), "TextOutA 150 889 \"1\"\nTextOutA 350 889 \"2\"\n");
+  std::swap(view().CustLabel[0], view().CustLabel[19]);  // in any of the slots
+  EXPECT_NE(texts().find("\"2\""), std::string::npos);
+  view().CustLabel[19] = 0;
+  EXPECT_EQ(texts(), "");
 }
 
 TEST_F(Labels, a_segment_number_at_2711_tenths_is_turned_a_label_is_not) {

@@ -119,6 +119,18 @@ TEST_F(PipePass, lines_only_leaves_labels_and_flags) {
             "TextOutA 500 489 \"1\"\n");
 }
 
+TEST_F(PipePass, lines_only_leaves_out_arrows_and_vertex_marks) {
+  Pdt& p = add();
+  addRun(1, {{10, 20}, {30, 20}});
+  p.FLOW = p.Q_FACTOR = 1;
+  picture.view.NodeOn = picture.view.ArrowsOn = picture.view.VtxMarksOn = 1;
+  EXPECT_EQ(timesIn(ops({"MoveToEx", "Polygon"}), "Polygon 3"), 2);
+  EXPECT_GT(timesIn(lines(), "MoveToEx"), 3);
+  picture.linesOnly = 1;
+  EXPECT_EQ(timesIn(ops({"MoveToEx", "Polygon"}), "Polygon"), 0);
+  EXPECT_EQ(timesIn(lines(), "MoveToEx"), 3);
+}
+
 TEST_F(PipePass, flags_by_byte) {
   Pdt& p = add(20, 20, 40, 20);
   picture.view.NodeOn = 1;
