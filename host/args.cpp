@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <exception>
 
 #include "output.h"
 
@@ -13,7 +14,7 @@ namespace host {
 
 namespace {
 
-constexpr int kDone = 0, kFailed = 1, kUsage = 2;
+constexpr int kDone = 0, kFailed = 1, kUsage = 2, kNotHere = 3;
 
 const Option* findOption(const Command& command, const std::string& name) {
   const auto it =
@@ -40,7 +41,8 @@ void printOverview() {
   for (const Command& c : commands()) std::printf("  %-8s %s\n", c.name, c.summary);
   std::printf(
       "\n'pn10 COMMAND --help' tells the options of a command and shows an example.\n"
-      "Exit codes: 0 done, 1 failed, 2 wrong words on the command line.\n");
+      "Exit codes: 0 done, 1 failed, 2 wrong words on the command line, 3 not on this system (PDF and SVG on "
+      "Windows).\n");
 }
 
 /** A dash begins an option, unless a number follows it. */
@@ -87,6 +89,11 @@ Args parse(const Command& command, int argc, char** argv) {
   return args;
 }
 
+int failed(const Command& command, const char* message, int code) {
+  std::fprintf(stderr, "pn10 %s: %s\n", command.name, message);
+  return code;
+}
+
 int runOne(const Command& command, int argc, char** argv) {
   try {
     return command.run(parse(command, argc, argv));
@@ -95,8 +102,11 @@ int runOne(const Command& command, int argc, char** argv) {
                  e.message.c_str(), command.name, command.arguments, command.name);
     return kUsage;
   } catch (const Failure& e) {
-    std::fprintf(stderr, "pn10 %s: %s\n", command.name, e.message.c_str());
-    return kFailed;
+    return failed(command, e.message.c_str(), kFailed);
+  } catch (const NotHere& e) {
+    return failed(command, e.message.c_str(), kNotHere);
+  } catch (const std::exception& e) {  // no memory, or a folder that can't be looked into
+    return failed(command, e.what(), kFailed);
   }
 }
 

@@ -61,6 +61,11 @@ struct Failure {
   std::string message;
 };
 
+/** What the program can do, but not on this system: message to standard error, code 3. */
+struct NotHere {
+  std::string message;
+};
+
 /** A whole text as a finite number; false, and `value` as it was, when it is none. */
 bool parseNumber(const std::string& text, double* value);
 

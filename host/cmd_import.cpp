@@ -1,15 +1,13 @@
 // pn10 import: networks of other programs.
 #include <cstdio>
-#include <filesystem>
 
 #include "commands.h"
 #include "import_source.h"
 #include "model_files.h"
 #include "output.h"
+#include "paths.h"
 
 namespace host {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -29,8 +27,8 @@ const UnitChoice* chosenUnits(const Args& args) {
 }
 
 Source readSource(const std::string& path, const UnitChoice* units) {
-  if (!fs::exists(path)) throw Failure{path + ": there is no such file or folder"};
-  if (fs::is_directory(path)) return readCsvFolder(path, units && !units->metric);
+  if (!fs::exists(pathOf(path))) throw Failure{path + ": there is no such file or folder"};
+  if (fs::is_directory(pathOf(path))) return readCsvFolder(path, units && !units->metric);
   Source source = readInp(path);
   if (units && units->metric != source.metric) {
     throw Failure{path + ": its flow units make it " + (source.metric ? "metric" : "us") +

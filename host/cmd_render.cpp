@@ -1,5 +1,6 @@
 // pn10 render: the map of a model as a picture or a page.
 #include <pn10gdi.h>
+#include <pn10platform.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -115,6 +116,7 @@ MapOptions parseMapOptions(const Args& args) {
     throw UsageError{"a picture ends in .png, .pdf or .svg, not '" + o.output + "'"};
   const bool paper = !o.output.empty() && pictureKind(o.output) != ".png";
   if (paper) o.width = 1100, o.height = 850, o.background = 0xFFFFFF;
+  if (paper && !PnHasPageDC()) throw NotHere{o.output + ": on this system pictures are written as .png only"};
   if (args.has("--size")) {
     const std::vector<double> size = args.numbers("--size", 2);
     if (!(size[0] >= 16 && size[1] >= 16 && size[0] <= 30000 && size[1] <= 30000))

@@ -5,18 +5,17 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
 #include <fstream>
+#include <random>
 
 #include "commands.h"
 #include "map_view.h"
 #include "model_files.h"
 #include "output.h"
+#include "paths.h"
 #include "records.h"
 
 namespace host {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -59,8 +58,11 @@ int32_t nodeByName(const std::string& name) {
 /** A folder for the control and output files of one run, removed afterwards. */
 class TraceFolder {
  public:
-  TraceFolder() : path_(fs::temp_directory_path() / ("pn10trace" + std::to_string(reinterpret_cast<uintptr_t>(this)))) {
-    fs::create_directories(path_);
+  TraceFolder() {
+    // A folder of that name may be another run's: only the one that was made here is this one's.
+    std::random_device random;
+    do path_ = fs::temp_directory_path() / ("pn10trace" + std::to_string(random()));
+    while (!fs::create_directory(path_));
   }
   ~TraceFolder() {
     std::error_code ignored;
@@ -68,7 +70,7 @@ class TraceFolder {
   }
   TraceFolder(const TraceFolder&) = delete;
   TraceFolder& operator=(const TraceFolder&) = delete;
-  std::string prefix() const { return path_.string() + "/"; }
+  std::string prefix() const { return nameOf(path_) + "/"; }
   std::string read(const char* name) const {
     std::ifstream in(path_ / name);
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};

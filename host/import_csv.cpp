@@ -1,12 +1,10 @@
 // A folder of separated values: nodes.csv, links.csv and customers.csv, columns found by their names.
-#include <filesystem>
 
 #include "args.h"
 #include "import_source.h"
+#include "paths.h"
 
 namespace host {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -87,10 +85,10 @@ void setUnits(Source& source, bool metric) {
 Source readCsvFolder(const std::string& folder, bool us) {
   Source source;
   setUnits(source, !us);
-  const fs::path base(folder);
-  source.title = fs::path(fs::absolute(base).lexically_normal() / "").parent_path().filename().string();
+  const fs::path base = pathOf(folder);
+  source.title = nameOf(fs::path(fs::absolute(base).lexically_normal() / "").parent_path().filename());
   const auto file = [&](const char* name) -> const std::string& {
-    source.paths.push_back((base / name).string());
+    source.paths.push_back(nameOf(base / name));
     return source.paths.back();
   };
   for (const char* name : {"nodes.csv", "links.csv"}) {

@@ -3,10 +3,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 #include <fstream>
 
 #include "args.h"
+#include "paths.h"
 
 namespace host {
 
@@ -30,7 +30,7 @@ void failAt(const Where& where, const std::string& what) {
 }
 
 std::vector<std::string> readLines(const std::string& path) {
-  if (std::filesystem::is_directory(path)) throw Failure{path + ": is a folder"};
+  if (fs::is_directory(pathOf(path))) throw Failure{path + ": is a folder"};
   std::ifstream file(path, std::ios::binary);
   if (!file) throw Failure{path + ": can't be opened"};
   std::vector<std::string> lines;

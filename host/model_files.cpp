@@ -3,19 +3,18 @@
 
 #include <pn10gdi.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
-#include <filesystem>
 #include <fstream>
 #include <sstream>
 
 #include "library_files.h"
 #include "network_model.h"
+#include "paths.h"
 #include "unfinished.h"
 
 namespace host {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -82,7 +81,7 @@ void loadLibraries(const std::string& base) {
   for (const auto& library : libraries) {
     const std::string path = base + library.ending;
     // A model without a library is whole; one whose library can't be read is not.
-    if (fs::exists(path)) {
+    if (fs::exists(pathOf(path))) {
       check("ReadLut", library.read(path.c_str()), path);
     } else {
       library.empty();
@@ -113,7 +112,7 @@ void readDigits(const std::string& text, ModelInfo& info) {
 ModelInfo readHeader(const std::string& base) {
   ModelInfo info;
   const std::string path = base + ".hdr";
-  if (!fs::exists(path)) return info;
+  if (!fs::exists(pathOf(path))) return info;
   check("HdrIo", HdrIo(path.c_str(), kMagic, 1), path);
   info.title = headerText(kTitle);
   const auto take = [](std::string& units, int16_t line) {
@@ -217,7 +216,7 @@ constexpr uintmax_t kReferenceStride = 336;
 std::string cutFileOf(const std::string& base) {
   for (const RecordFile& file : kRecordFiles) {
     std::error_code error;
-    const uintmax_t size = fs::file_size(base + file.ending, error);
+    const uintmax_t size = fs::file_size(pathOf(base + file.ending), error);
     if (error || size == 0) continue;
     const uintmax_t rest = size < file.header ? 1 : (size - file.header) % file.stride;
     if (rest != 0 && rest != file.used) return base + file.ending;
@@ -230,7 +229,9 @@ int32_t loadReferences(const std::string& base) {
   std::ifstream file(base + ".rdx", std::ios::binary);
   char row[kReferenceStride];
   int32_t rows = 0;
-  const auto part = [&](size_t at, size_t width) { return std::string(row + at, strnlen(row + at, width)); };
+  const auto part = [&](size_t at, size_t width) {
+    return std::string(row + at, std::find(row + at, row + at + width, 0));
+  };
   for (; file.read(row, sizeof row); rows++)
     PutRdx(rows + 1, part(0, 40).c_str(), part(40, 256).c_str(), part(296, 40).c_str());
   return rows;
@@ -249,9 +250,9 @@ const char* resultText(const char* call, int32_t code) {
 }
 
 std::string modelBase(const std::string& word) {
-  const fs::path path(word);
+  const fs::path path = pathOf(word);
   for (const char* ending : {".ndt", ".pdt", ".cdt", ".vtx", ".fdt", ".hdr", ".fac"}) {
-    if (path.extension() == ending && !fs::exists(word + ".ndt"))
+    if (path.extension() == ending && !fs::exists(pathOf(word + ".ndt")))
       return word.substr(0, word.size() - std::strlen(ending));
   }
   return word;
@@ -262,7 +263,7 @@ Option replaceOption() { return {"--replace", nullptr, "a model of that name is 
 void refuseToReplace(const std::string& base, const Args& args) {
   if (args.has("--replace")) return;
   for (const RecordFile& file : kRecordFiles) {
-    if (fs::exists(base + file.ending))
+    if (fs::exists(pathOf(base + file.ending)))
       throw Failure{base + file.ending + ": there is a model already; --replace puts the new one in its place"};
   }
 }
@@ -270,7 +271,7 @@ void refuseToReplace(const std::string& base, const Args& args) {
 ModelInfo openModel(const std::string& base, const std::string& tablesAt) {
   const std::string& tables = tablesAt.empty() ? base : tablesAt;
   closeModel();
-  if (!fs::exists(tables + ".ndt")) throw Failure{tables + ".ndt: no such model"};
+  if (!fs::exists(pathOf(tables + ".ndt"))) throw Failure{tables + ".ndt: no such model"};
   ModelInfo info = readHeader(base);
   info.cutFile = cutFileOf(tables);
   if (!info.cutFile.empty())
@@ -278,12 +279,12 @@ ModelInfo openModel(const std::string& base, const std::string& tablesAt) {
   applyUnits(info.units);
   loadLibraries(base);
   const std::string facilities = base + ".fac";
-  check("", fs::exists(facilities) ? ReadFac(facilities.c_str()) : DefaultFac(), facilities);
+  check("", fs::exists(pathOf(facilities)) ? ReadFac(facilities.c_str()) : DefaultFac(), facilities);
   check("", ReadVtx(tables.c_str(), 0), tables + ".vtx");
   check("", ReadNdt(tables.c_str(), 0, 10.1f), tables + ".ndt");
   check("ReadPdt", ReadPdt(tables.c_str(), 1, info.units.pressure.c_str(), 0), tables + ".pdt");
   check("", ReadCdt(tables.c_str(), 0), tables + ".cdt");
-  if (fs::exists(tables + ".fdt")) check("", ReadFtg(tables.c_str(), 0, 0, "10.0"), tables + ".fdt");
+  if (fs::exists(pathOf(tables + ".fdt"))) check("", ReadFtg(tables.c_str(), 0, 0, "10.0"), tables + ".fdt");
   info.references = loadReferences(tables);
   return info;
 }

@@ -1,7 +1,7 @@
 // JSON, numbers, character sets and the progress bar.
 #include "output.h"
 
-#include <unistd.h>
+#include <pn10platform.h>
 
 #include <array>
 #include <charconv>
@@ -34,6 +34,8 @@ std::string quotedJson(const std::string& text) {
   }
   return out + '"';
 }
+
+constexpr int kBarWidth = 40;
 
 std::string jsonNumber(double value) { return std::isfinite(value) ? shortNumber(value) : "null"; }
 
@@ -141,10 +143,10 @@ Json& Json::element(double value) {
 }
 
 Progress::Progress(std::string what)
-    : what_(std::move(what)), start_(std::chrono::steady_clock::now()), terminal_(isatty(STDERR_FILENO) != 0) {}
+    : what_(std::move(what)), start_(std::chrono::steady_clock::now()), terminal_(PnIsTerminal(2) != 0) {}
 
 Progress::~Progress() {
-  if (shown_) std::fprintf(stderr, "\r\033[K");
+  if (shown_) std::fprintf(stderr, "\r%*s\r", static_cast<int>(what_.size()) + kBarWidth + 8, "");
 }
 
 void Progress::show(double fraction) {
@@ -153,9 +155,8 @@ void Progress::show(double fraction) {
   if (percent == percent_) return;
   percent_ = percent;
   shown_ = true;
-  constexpr int kWidth = 40;
-  std::string bar(static_cast<size_t>(kWidth), '.');
-  for (int i = 0; i < kWidth * percent / 100 && i < kWidth; i++) bar[static_cast<size_t>(i)] = '#';
+  std::string bar(static_cast<size_t>(kBarWidth), '.');
+  for (int i = 0; i < kBarWidth * percent / 100 && i < kBarWidth; i++) bar[static_cast<size_t>(i)] = '#';
   std::fprintf(stderr, "\r%s [%s] %d%%", what_.c_str(), bar.c_str(), percent);
 }
 

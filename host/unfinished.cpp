@@ -8,25 +8,23 @@
 
 namespace host {
 
-namespace fs = std::filesystem;
-
 namespace {
 
 /** A name beside `path` that is free. */
 std::string freeName(const std::string& path) {
   std::error_code ignored;
   std::string name = path + ".part";
-  for (int i = 2; fs::exists(fs::symlink_status(name, ignored)); i++) name = path + ".part" + std::to_string(i);
+  for (int i = 2; fs::exists(fs::symlink_status(pathOf(name), ignored)); i++) name = path + ".part" + std::to_string(i);
   return name;
 }
 
 }  // namespace
 
-UnfinishedModel::UnfinishedModel(const std::string& base) : target_(base) {
+UnfinishedModel::UnfinishedModel(const std::string& base) : target_(pathOf(base)) {
   if (target_.filename().empty()) throw Failure{base + ": a model wants a name, not only a folder"};
   std::error_code error;
   if (target_.has_parent_path()) fs::create_directories(target_.parent_path(), error);
-  folder_ = freeName(base);
+  folder_ = pathOf(freeName(base));
   if (!fs::create_directory(folder_, error)) throw Failure{base + ": " + error.message()};
 }
 
@@ -39,10 +37,10 @@ void UnfinishedModel::moveIntoPlace(const std::initializer_list<const char*>& ou
   std::vector<std::pair<fs::path, fs::path>> moves, done;
   const auto putAside = [&](const fs::path& file) {
     std::error_code ignored;
-    if (fs::exists(file, ignored)) moves.emplace_back(file, file.string() + ".bak");
+    if (fs::exists(file, ignored)) moves.emplace_back(file, fs::path(file) += ".bak");
   };
   for (const char* ending : outdated) {
-    if (!fs::exists(base() + ending)) putAside(target_.string() + ending);
+    if (!fs::exists(pathOf(base() + ending))) putAside(fs::path(target_) += ending);
   }
   for (const auto& file : fs::directory_iterator(folder_)) {
     const fs::path place = target_.parent_path() / file.path().filename();
@@ -54,7 +52,7 @@ void UnfinishedModel::moveIntoPlace(const std::initializer_list<const char*>& ou
     fs::rename(from, to, error);
     if (error) {
       for (auto move = done.rbegin(); move != done.rend(); ++move) fs::rename(move->second, move->first, ignored);
-      throw Failure{to.string() + ": " + error.message()};
+      throw Failure{nameOf(to) + ": " + error.message()};
     }
     done.emplace_back(from, to);
   }
@@ -64,12 +62,12 @@ UnfinishedFile::UnfinishedFile(const std::string& path) : target_(path), scratch
 
 UnfinishedFile::~UnfinishedFile() {
   std::error_code ignored;
-  if (!scratch_.empty()) fs::remove(scratch_, ignored);
+  if (!scratch_.empty()) fs::remove(pathOf(scratch_), ignored);
 }
 
 bool UnfinishedFile::moveIntoPlace() {
   std::error_code error;
-  fs::rename(scratch_, target_, error);
+  fs::rename(pathOf(scratch_), pathOf(target_), error);
   if (!error) scratch_.clear();
   return !error;
 }

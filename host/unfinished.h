@@ -2,8 +2,9 @@
 #ifndef PN10_HOST_UNFINISHED_H
 #define PN10_HOST_UNFINISHED_H
 
-#include <filesystem>
 #include <string>
+
+#include "paths.h"
 
 namespace host {
 
@@ -17,7 +18,7 @@ class UnfinishedModel {
   UnfinishedModel& operator=(const UnfinishedModel&) = delete;
 
   /** The base path to write to. */
-  std::string base() const { return (folder_ / target_.filename()).string(); }
+  std::string base() const { return nameOf(folder_ / target_.filename()); }
   /**
    * Moves the files to their places; what stood there before stays as .bak, and so does each file of the model before
    * that has one of these endings and no successor. When a move fails, those before it are taken back.
@@ -25,7 +26,7 @@ class UnfinishedModel {
   void moveIntoPlace(const std::initializer_list<const char*>& outdated = {});
 
  private:
-  std::filesystem::path target_, folder_;
+  fs::path target_, folder_;
 };
 
 /** One file, made beside its place; removed unless it is moved there. */

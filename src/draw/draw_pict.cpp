@@ -3,6 +3,7 @@
 
 #include "draw/frame.h"
 #include "draw/passes.h"
+#include "platform/host_choices.h"
 
 using namespace pn10;
 
@@ -56,7 +57,7 @@ double reduced(double factor) { return drawState.DevMode == 2 ? factor * drawSta
 void setPictureSizes(DrawState& s) {
   s.ViewHeight = toFloat(s.Y0 - s.Y1);
   s.ViewWidth = toFloat(s.X1 - s.X0);
-  s.Dpi = (GetDeviceCaps(s.DC, LOGPIXELSX) + GetDeviceCaps(s.DC, LOGPIXELSY)) / 2;
+  s.Dpi = dotsPerInch(s.DC);
   const double size = s.View->NodeSize * 0.1;
   s.DefaultNodeSize = toFloat(size < 0 ? -size * (s.ViewHeight * 0.01) : size * s.UnitsPerDisplay);
   s.NodeLabelAngle = toFloat((90 - s.View->NodeLabelAngle * 0.1) * 0.017453292);

@@ -8,6 +8,7 @@
 #include "model/draw_state.h"
 #include "model/staging.h"
 #include "model/wait_cursor.h"
+#include "platform/host_choices.h"
 #include "platform/kernel.h"
 #include "platform/pages.h"
 #include "platform/user.h"
@@ -72,7 +73,7 @@ double unknownField(const char* format, int32_t number) {
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
   std::snprintf(messageBuffer, sizeof messageBuffer, format, number);
 #pragma GCC diagnostic pop
-  MessageBoxA(nullptr, messageBuffer, "", 0);
+  showMessage(messageBuffer);
   return -1.0;
 }
 

@@ -13,8 +13,19 @@ namespace {
 
 constexpr const char* kExports[] = {
 #define PN10_FUNCTION(name) #name,
-#define PN10_PLATFORM_FUNCTION(name) #name,
+#define PN10_PORTABLE_FUNCTION(name) #name,
 #include "exports/exports.inc"
+#undef PN10_FUNCTION
+#undef PN10_PORTABLE_FUNCTION
+};
+
+/** Those that a Windows DLL has too: its .def file is made of them. */
+const std::set<std::string> kOnWindows = {
+#define PN10_FUNCTION(name) #name,
+#define PN10_PORTABLE_FUNCTION(name)
+#include "exports/exports.inc"
+#undef PN10_FUNCTION
+#undef PN10_PORTABLE_FUNCTION
 };
 
 std::string outputOf(const std::string& command) {
@@ -27,12 +38,17 @@ std::string outputOf(const std::string& command) {
   return all;
 }
 
-/** The names that a header declares: the word before the bracket of every line that begins with PN10_EXPORT. */
-std::set<std::string> declaredIn(const std::string& header) {
+/**
+ * The names that a header declares: the word before the bracket of every line that begins with PN10_EXPORT. On Windows
+ * those behind the line "#ifndef _WIN32" of pn10platform.h fall away, and the rest calls as the system does.
+ */
+std::set<std::string> declaredIn(const std::string& header, bool windows = false) {
   std::set<std::string> names;
   std::ifstream in(std::string(PN10_SOURCE_DIR) + "/src/exports/" + header);
   for (std::string line; std::getline(in, line);) {
+    if (windows && line == "#ifndef _WIN32") break;
     if (!line.starts_with("PN10_EXPORT")) continue;
+    EXPECT_TRUE(!windows || line.find(" PN10_CALL ") != std::string::npos) << line;
     const size_t open = line.find('(');
     const size_t start = line.find_last_of(" *", open) + 1;
     names.insert(line.substr(start, open - start));
@@ -66,6 +82,13 @@ TEST(Exports, the_list_and_the_headers_name_the_same_functions) {
   std::set<std::string> declared = declaredIn("pn10gdi.h");
   declared.merge(declaredIn("pn10platform.h"));
   EXPECT_EQ(declared, listed());
+}
+
+TEST(Exports, the_list_knows_what_the_headers_keep_from_windows) {
+  std::set<std::string> declared = declaredIn("pn10gdi.h", true);
+  declared.merge(declaredIn("pn10platform.h", true));
+  EXPECT_EQ(declared, kOnWindows);
+  EXPECT_TRUE(kOnWindows.contains("PnCreateImageDC") && !kOnWindows.contains("PnCreateWindow"));
 }
 
 TEST(Exports, no_name_stands_twice) { EXPECT_EQ(listed().size(), std::size(kExports)); }

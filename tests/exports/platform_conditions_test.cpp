@@ -48,10 +48,17 @@ TEST(PlatformConditions, stand_in_platform_and_exports_only) {
 TEST(PlatformConditions, system_headers_are_included_by_the_platform_only) {
   const std::regex header(
       "#include <(windows|unistd|dlfcn|pthread|fcntl|strings|sys/[a-z]+|cairo.*|ft2build|fontconfig/.*)\\.?h?>");
-  for (const char* folder : {"src", "calcs"}) {
+  for (const char* folder : {"src", "calcs", "host"}) {
     EXPECT_EQ(linesWith(header, kRoot / folder, {kPlatform, kExports}), std::vector<std::string>()) << folder;
   }
   EXPECT_FALSE(linesWith(header, kPlatform, {}).empty()) << "the search itself finds nothing";
+}
+
+TEST(PlatformConditions, the_host_sees_the_two_public_headers_and_the_standard_library) {
+  // A name without a folder is the host's own; a standard header has neither folder nor ending.
+  const std::regex other("#include (?!<pn10(gdi|platform)\\.h>|<[a-z_0-9]+>|\"[a-z_]+\\.(h|inc)\")");
+  EXPECT_EQ(linesWith(other, kRoot / "host", {}), std::vector<std::string>());
+  EXPECT_FALSE(linesWith(other, kRoot / "src/platform", {}).empty()) << "the search itself finds nothing";
 }
 
 }  // namespace pn10::test

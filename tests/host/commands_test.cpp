@@ -112,6 +112,7 @@ TEST_F(Fields, every_kind_reads_with_names_and_units) {
 TEST_F(Fields, wrong_kinds_and_records_are_told_apart) {
   expectUsage(run({"fields", base(), "valve", "1"}), "'valve'");
   expectUsage(run({"fields", base(), "node", "one"}), "'one'");
+  expectFailure(run({"info", std::string(5000, 'a')}), "aaa");  // the system refuses to look for such a name
   expectFailure(run({"fields", base(), "pipe", "0"}), "there is no pipe 0");
   expectFailure(run({"fields", base(), "pipe", "301"}), "the last one is 300");
 }
@@ -226,12 +227,25 @@ TEST_F(Render, the_same_map_has_the_same_bytes) {
   EXPECT_EQ(out.read("a.png"), out.read("b.png"));
 }
 
+TEST_F(Render, pages_on_a_system_without_them_are_refused_by_a_code_of_their_own) {
+  if (PN10_SANITIZED) GTEST_SKIP() << "a library can't be loaded before the sanitizer's";
+  const TempDir out;
+  for (const char* file : {"a.pdf", "a.svg"}) {
+    const Result r = shell("LD_PRELOAD=" PN10_NO_PAGES " pn10 render " + base() + " -o " + file, out.path(""));
+    EXPECT_EQ(r.code, 3);
+    EXPECT_EQ(r.err, std::string("pn10 render: ") + file + ": on this system pictures are written as .png only\n");
+    EXPECT_FALSE(out.exists(file));
+  }
+  EXPECT_EQ(shell("LD_PRELOAD=" PN10_NO_PAGES " pn10 render " + base() + " -o a.png", out.path("")).code, 0);
+}
+
 TEST_F(Render, bad_targets_and_options_are_refused) {
   expectUsage(run({"render", base()}), "-o");
   expectUsage(run({"render", base(), "-o", "a.png", "--size", "300"}), "--size");
   expectUsage(run({"render", base(), "-o", "a.png", "--window", "1,2,3"}), "--window");
   expectUsage(run({"render", base(), "-o", "a.png", "--view", "fish"}), "--view");
-  expectFailure(run({"render", base(), "-o", "/nowhere/a.png"}), "/nowhere/a.png");
+  const TempDir out;
+  expectFailure(run({"render", base(), "-o", out.path("no/a.png")}), "no/a.png: can't be written");
   EXPECT_NE(run({"render", base(), "-o", "a.gif"}).code, 0);
 }
 

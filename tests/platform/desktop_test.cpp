@@ -1,4 +1,8 @@
-/** Windows and their keys, cursor, message boxes, the date, printers, device answers. */
+/** Windows and their keys, cursor, message boxes, the terminal, the date, printers, device answers. */
+#include <fcntl.h>
+#include <stdlib.h>
+#include <unistd.h>
+
 #include "platform/gdi.h"
 #include "platform/kernel.h"
 #include "platform/user.h"
@@ -80,6 +84,26 @@ TEST(MessageBox, shows_and_logs_its_text) {
   testing::internal::CaptureStderr();
   MessageBoxA(nullptr, "one line", "", 0);
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "one line\n");
+}
+
+TEST(Terminal, is_told_from_files_for_output_and_errors) {
+  const int terminal = posix_openpt(O_RDWR | O_NOCTTY), file = open("/dev/null", O_WRONLY);
+  ASSERT_TRUE(terminal >= 0 && file >= 0);
+  for (const int stream : {STDOUT_FILENO, STDERR_FILENO}) {
+    const int kept = dup(stream);
+    dup2(terminal, stream);
+    const int32_t onTerminal = PnIsTerminal(stream);
+    dup2(file, stream);
+    const int32_t onFile = PnIsTerminal(stream);
+    dup2(kept, stream);
+    close(kept);
+    EXPECT_EQ(onTerminal, 1) << stream;
+    EXPECT_EQ(onFile, 0) << stream;
+  }
+  // Numbers that are no output, be they open or not.
+  for (const int32_t none : {0, terminal, -1, INT32_MAX}) EXPECT_EQ(PnIsTerminal(none), 0) << none;
+  close(file);
+  close(terminal);
 }
 
 TEST(Date, is_the_one_set_or_the_clock) {

@@ -68,6 +68,8 @@ HDC openPage(Device device, const char* path, const Page& page) {
 
 }  // namespace
 
+int32_t PnHasPageDC(void) { return 1; }
+
 HDC PnCreatePdfDC(const char* path, double width_in, double height_in, int32_t dpi) {
   return openPage(Device::Pdf, path, {width_in, height_in, dpi, {}});
 }
