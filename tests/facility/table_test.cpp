@@ -147,6 +147,8 @@ TEST_F(FacilityTable, finders_give_the_first_match) {
   EXPECT_EQ(FindFacRnoIdx(7), 2);
   EXPECT_EQ(FindFacRnoIdx(-3), 4);
   EXPECT_EQ(FindFacRnoIdx(70000), 5);
+  SetFacVal(1, 2, nullptr, 70000);
+  EXPECT_EQ(FindFacRnoIdx(70000), 1);
   EXPECT_EQ(FindFacRnoIdx(70000 - 65536), 0);
   EXPECT_EQ(FindFacRnoIdx(8), 0);
   EXPECT_EQ(FindFacRnoIdx(INT32_MIN), 0);

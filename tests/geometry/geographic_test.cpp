@@ -85,6 +85,7 @@ TEST(CalcGeoY_, uses_the_geographic_window_and_the_zoom) {
 TEST(CalcLatFromPictY, is_the_way_back) {
   for (double latitude : {51.0, 51.3, 51.5, 52.0, 60.0, -10.0}) {
     EXPECT_NEAR(CalcLatFromPictY(CalcGeoY(latitude, 7, 52, 8, 51, 12), 7, 52, 8, 51, 12), latitude, 1e-7);
+    EXPECT_NEAR(CalcLatFromPictY(CalcGeoY(latitude, 7, -33, 8, -34, 12), 7, -33, 8, -34, 12), latitude, 1e-7);
   }
 }
 
