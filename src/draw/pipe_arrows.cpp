@@ -42,9 +42,17 @@ void paintOpenArrow(int32_t pipe, double back, double midX, double midY, float a
   paintLine(tip, deviceAt(midX, midY, back - kOpenAngle, arrowSize));
 }
 
+/** What an arrow has room on: the segment, or the chord that an arc's radius and angle make. */
+double roomOf(int32_t pipe, double segment) {
+  const int32_t vtx = model.pxy[pipe].LAST_VTX;
+  if (!isArc(model.pdt[pipe]) || !isVtx(vtx)) return segment;
+  const float radius = toFloat(model.vtx[vtx].VTX_X), included = toFloat(model.vtx[vtx].VTX_Y);
+  return std::fabs(2.0 * radius * std::sin(0.5 * included));
+}
+
 /** A slim head with a concave back at the end that the flow runs to. */
-void paintFeatheredArrow(double back, double tipX, double tipY, double segment, float arrowSize) {
-  const double length = std::min(0.5 * segment, static_cast<double>(arrowSize));
+void paintFeatheredArrow(double back, double tipX, double tipY, double room, float arrowSize) {
+  const double length = std::min(0.5 * room, static_cast<double>(arrowSize));
   if (OutOfView(tipX, tipY) || underOneUnit(length)) return;
   const DevPoint tip = WorldToDevPair(tipX, tipY);
   const DevPoint barb1 = deviceAt(tipX, tipY, back + kFeatherAngle, length);
@@ -70,7 +78,7 @@ void DrawFlowArrow(int32_t pipe, double flow, double x1, double y1, double x2, d
   if (drawState.View->ArrowStyle == 0) {
     paintOpenArrow(pipe, back, (x1 + x2) * 0.5, (y1 + y2) * 0.5, arrowSize);
   } else {
-    paintFeatheredArrow(back, flow > 0 ? x2 : x1, flow > 0 ? y2 : y1, std::hypot(dx, dy), arrowSize);
+    paintFeatheredArrow(back, flow > 0 ? x2 : x1, flow > 0 ? y2 : y1, roomOf(pipe, std::hypot(dx, dy)), arrowSize);
   }
 }
 

@@ -161,6 +161,14 @@ TEST_F(Shapes, a_feathered_arrow_is_no_longer_than_half_its_segment_and_needs_it
   EXPECT_NE(arrow(-5, kX + 61, kY, 3), "");
 }
 
+TEST_F(Shapes, a_feathered_arrow_of_an_arc_is_no_longer_than_half_the_chord_of_its_angle) {
+  picture.view.ArrowStyle = 1;
+  addArc(1, 2, 90 * kDegree);
+  model.pdt[1].VTX_MODE = 2;
+  // The chord is 2 * 2 * sin 45 degrees = 2.8284, its half 1.4142: the notch lies 1.2728 behind the tip at 60.0319.
+  EXPECT_NE(arrow(5, kX + 20, kY, 9).find("LineTo 587 499"), std::string::npos);
+}
+
 TEST_F(Shapes, a_small_pie_is_left_out) {
   picture.view.DeviceSize = 4;  // 0.4 world units: a box of 3.7 dots
   model.pdt[1].HYD_TYPE = 1;
