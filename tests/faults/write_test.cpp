@@ -2,8 +2,8 @@
 #include <algorithm>
 #include <functional>
 
-#include "support/file_limit.h"
 #include "platform/gdi.h"
+#include "support/file_limit.h"
 #include "support/model_builder.h"
 
 namespace pn10::test {
