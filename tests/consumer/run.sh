@@ -19,4 +19,6 @@ export PKG_CONFIG_PATH=$libdir
 # shellcheck disable=SC2046
 c++ -std=c++17 "$work/host.cpp" -o "$work/host" $(pkg-config --cflags --libs pn10gdi)
 (cd "$work" && rm -f map.png && LD_LIBRARY_PATH="$libdir/.." ./host && [ -s map.png ])
+# The command-line host is installed with the library and finds it there.
+[ ! -e "$work/prefix/bin/pn10" ] || "$work/prefix/bin/pn10" --help >/dev/null
 echo "package: both ways build and run the host program of the README"
