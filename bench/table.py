@@ -2,7 +2,8 @@
 
 usage: table.py OUT.csv RESULT.json...
 Each result file is Google Benchmark's JSON. references.csv beside this file says which benchmark is measured against
-which; a benchmark without a row there is a reference or a plain figure.
+which, and which must not cost more per record as it grows; a benchmark without a row there is a reference or a plain
+figure.
 """
 import csv
 import json
@@ -17,8 +18,22 @@ def references():
     rows = {}
     with open(path, encoding="utf-8") as file:
         for row in csv.reader(line for line in file if line.strip() and not line.startswith("#")):
-            rows[row[0]] = (row[1], row[2])
+            rows.setdefault(row[0], []).append((row[1], row[2]))
     return rows
+
+
+def records(size):
+    return int(size.split("/")[0])
+
+
+def reference_time(found, program, name, size, reference):
+    """What a benchmark is divided by: its reference at the same size, or itself at the smallest, grown in proportion."""
+    if reference != "per record":
+        return found.get((program, reference, size)), reference
+    smallest = min((s for p, n, s in found if (p, n) == (program, name)), key=records)
+    if size == smallest:
+        return None, ""
+    return found[program, name, smallest] * records(size) / records(smallest), f"{name}/{records(smallest)} per record"
 
 
 def times(paths):
@@ -54,11 +69,13 @@ def main():
         rows = csv.writer(file)
         rows.writerow(["program", "benchmark", "size", "seconds", "reference", "ratio", "limit"])
         for (program, name, size), value in found.items():
-            reference, limit = limits.get(name, ("", ""))
-            base = found.get((program, reference, size))
-            ratio = f"{value / base:.2f}" if base else ""
-            print(f"{name + '/' + size if size else name:44}{seconds(value):>12}{reference if base else '':>34}{ratio:>8}{limit if base else '':>8}")
-            rows.writerow([program, name, size, value, reference, ratio, limit])
+            for reference, limit in limits.get(name, [("", "")]):
+                base, shown = reference_time(found, program, name, size, reference)
+                if not base and reference == "per record":
+                    continue
+                ratio = f"{value / base:.2f}" if base else ""
+                print(f"{name + '/' + size if size else name:44}{seconds(value):>12}{shown if base else '':>34}{ratio:>8}{limit if base else '':>8}")
+                rows.writerow([program, name, size, value, shown, ratio, limit])
     print(f"written to {out}")
 
 
