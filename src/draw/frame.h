@@ -101,13 +101,16 @@ class CancelPolls {
  public:
   CancelPolls(int32_t first, int32_t last);
   /** Counts one drawn item; true when the user cancelled. */
-  bool drawn() {
+  bool drawn() { return due() && cancelled(); }
+  /** The halves of it: counts one drawn item, true when a poll is due; the poll, in which the host may do anything. */
+  bool due() {
     if (++count_ < batch_ || drawState.DevMode != 0) return false;
     count_ = 0;
-    return PollCancel(drawState.DrawWindow) != 0;
+    return true;
   }
+  static bool cancelled() { return PollCancel(drawState.DrawWindow) != 0; }
   /** After the loop: one more poll when items were drawn since the last, so that what stands is shown. */
-  bool finish() { return count_ > 1 && drawState.DevMode == 0 && PollCancel(drawState.DrawWindow) != 0; }
+  bool finish() { return count_ > 1 && drawState.DevMode == 0 && cancelled(); }
 
  private:
   int64_t count_ = 0;

@@ -54,7 +54,6 @@ class NodePass {
     const Ndt& n = model.ndt[node];
     NXY& screen = model.nxy[node];
     double x, y;
-    if (hideDefaults_ && n.SYM_SIZE == 0 && n.FLAG_TYPE == 0) return false;
     if (!recolour_ && (!screen.Drawn || (placeFirst_ && !inView(n, &x, &y)))) return false;
     if (n.REC_STATUS < 0) return false;
     if (recolour_) screen.Color = nodeColor(n);
@@ -64,6 +63,19 @@ class NodePass {
     if (!inView(n, &x, &y)) return false;
     paintAt(node, n, screen, size, x, y);
     return true;
+  }
+
+  /** Far out, only one node in thousands is larger than the default or has a flag: the first such of `node` to `top`.
+   */
+  int32_t skipHidden(int32_t node, int32_t top) const {
+    if (!hideDefaults_) return node;
+    const Ndt* const nodes = model.ndt;
+    NXY* const screens = model.nxy;
+    for (; node <= top && nodes[node].SYM_SIZE == 0 && nodes[node].FLAG_TYPE == 0; node++) {
+      prefetchNodes(node, top, false);
+      screens[node].Drawn = 0;
+    }
+    return node;
   }
 
   /** Far zoomed in, most nodes fail by their place; far out, by their size. */
@@ -164,6 +176,8 @@ int32_t DrawNodes(int32_t first, int32_t last, int16_t clearHilite, int16_t* rec
   const int32_t top = std::min({last, nodeTop(), model.nxySlots - 1});
   bool cancelled = false;
   for (int32_t node = std::max(first, 1); node <= top && !cancelled; node++) {
+    node = pass.skipHidden(node, top);
+    if (node > top) break;
     prefetchNodes(node, top, pass.placeFirst());
     const bool painted = pass.paint(node);
     model.nxy[node].Drawn = 0;

@@ -7,6 +7,7 @@
 #include "draw/labels.h"
 #include "draw/pass_common.h"
 #include "draw/pipe_body.h"
+#include "draw/plain_pipes.h"
 #include "model/prefetch.h"
 #include "model/tables.h"
 
@@ -62,40 +63,23 @@ struct PipePass {
   PipeStyle style;
   LabelSlots slots;
   bool clearing, recolour, mono, showLabels, showFlags;
-  bool plain; /* the picture shows nothing but the lines of plain pipes that are neither selected nor flagged */
-  bool grips;
   float penFactor;
   int32_t flagWidth;
   uint32_t nodeTop; /* the highest record that ends a pipe */
 
   bool paint(int32_t pipe);
+  bool linesAlone() const;
   bool isEnd(int32_t node) const { return static_cast<uint32_t>(node) - 1u < nodeTop; }
-  bool isPlain(const Pdt& p, const PXY& screen) const;
-  bool paintPlain(const Pdt& p, const PXY& screen, PipeBody& body) const;
   bool isFar(const Pdt& p, const PXY& screen, const PipeBody& body) const;
   bool wantsMidVertex(const Pdt& p, bool labelled) const;
   void paintGrips(PXY& screen, const PipeBody& body) const;
   void paintFlag(int32_t pipe, const PipeBody& body) const;
 };
 
-bool PipePass::isPlain(const Pdt& p, const PXY& screen) const {
-  return plain && p.HYD_TYPE == 0 && !screen.HILITE && !(showFlags && p.FLAG_BYTE) && !(screen.LAST_VTX != 0 && grips);
-}
-
-/** The short way of most pipes of a large network: the operations of PipeBody, asking for nothing that is not shown. */
-bool PipePass::paintPlain(const Pdt& p, const PXY& screen, PipeBody& body) const {
-  const bool run = p.VTX_MODE == 4 && screen.FIRST_VTX >= 1;
-  if (p.VTX_MODE == 1 || p.VTX_MODE == 2 || (screen.LAST_VTX != 0 && body.endsOutside())) {
-    body.look(screen.LineWidth, screen.Color);
-    return body.paint(false);
-  }
-  style.pen->lineStyle(screen.LineType, screen.LineWidth, screen.Color);
-  ClipPath path(style.clip, body.x1, body.y1);
-  bool painted = false;
-  const int32_t last = run ? std::min(screen.LAST_VTX, vtxTop()) : 0;
-  for (int32_t v = std::max(screen.FIRST_VTX, 1); v <= last; v++)
-    painted |= path.lineTo(model.vtx[v].VTX_X, model.vtx[v].VTX_Y);
-  return path.lineTo(body.x2, body.y2) || painted;
+/** True when the picture shows nothing of a plain pipe but its line, as it stands in the screen records. */
+bool PipePass::linesAlone() const {
+  return !onPaper() && !clearing && !recolour && !showLabels && !slots.numberSegments && !style.showArrows &&
+         !style.showMarks && (drawState.MapMode == 0 || drawState.MapMode == 3);
 }
 
 /** True when a plain pipe without vertices lies outside the window and has nothing to show but its body. */
@@ -125,7 +109,6 @@ bool PipePass::paint(int32_t pipe) {
 
   PipeBody body(pipe, style);
   if (isFar(p, screen, body)) return false;
-  if (isPlain(p, screen)) return paintPlain(p, screen, body);
   if (clearing) {
     if (screen.HILITE_DRAWN) {
       DrawGrip(0, body.x1, body.y1);
@@ -219,20 +202,20 @@ int32_t DrawPipes(int32_t first, int32_t last, int16_t clearHilite, int16_t* rec
   pass.mono = mono != 0;
   pass.showLabels = labelsShown(view.PipeLabelMask, view.PipeLabelLimit, description.lfHeight);
   pass.showFlags = showNodes != 0;
-  pass.grips = gripsApply();
-  pass.plain = !onPaper() && !pass.clearing && !pass.showLabels && !pass.slots.numberSegments &&
-               !pass.style.showArrows && !pass.style.showMarks && (drawState.MapMode == 0 || drawState.MapMode == 3);
   pass.penFactor = penFactor;
   pass.flagWidth = penWidth;
   pass.nodeTop = static_cast<uint32_t>(std::max(nodeTop(), 0));
 
   CancelPolls polls(first, last);
   const int32_t top = std::min({last, pipeTop(), model.pxySlots - 1});
-  bool cancelled = false, painted = true;
+  const bool linesAlone = pass.linesAlone();
+  const PlainPipes plain(pass.style, pass.showFlags);
+  bool cancelled = false;
   for (int32_t pipe = std::max(first, 1); pipe <= top && !cancelled; pipe++) {
-    prefetchPipes(pipe, top, painted);
-    painted = pass.paint(pipe);
-    cancelled = painted && polls.drawn();
+    if (linesAlone) pipe = plain.paint(pipe, top, polls, &cancelled);
+    if (pipe > top || cancelled) break;
+    PipesAhead(top).ask(pipe, true);
+    cancelled = pass.paint(pipe) && polls.drawn();
   }
   if (cancelled || polls.finish()) return -1;
   clearFlag(recolour);
