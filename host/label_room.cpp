@@ -20,6 +20,7 @@ void LabelRoom::walk(double x, double y, double dx, double dy, double length, do
   const double reach = std::hypot(columns_, rows_) * cell_ + thickness;
   const double middle = (columns_ * cell_ / 2.0 - x) * dx + (rows_ * cell_ / 2.0 - y) * dy;
   const double from = std::clamp(middle - reach, 0.0, length), to = std::clamp(middle + reach, 0.0, length);
+  if (!(from + step > from)) return;  // so far away that a step is lost in rounding
   for (double along = from; along <= to; along += step) {
     for (double across = -thickness / 2; across <= thickness / 2; across += step) {
       const double column = std::floor((x + dx * along - dy * across) / cell_),

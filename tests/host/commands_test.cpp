@@ -168,6 +168,16 @@ TEST_F(Find, the_nearest_node_wins_whatever_its_number) {
   EXPECT_EQ(run({"find", base(), "--pipe", "1e99"}).code, 1);
 }
 
+TEST(RenderFar, a_pipe_to_the_end_of_the_world_is_painted_in_time) {
+  const TempDir dir;
+  EXPECT_EQ(shell("mkdir net", dir.path("")).code, 0);
+  dir.write("net/nodes.csv", "id,x,y\nA,0,0\nB,100,0\nC,1e29,0\n");
+  dir.write("net/links.csv", "id,from,to,diameter\n1,A,B,150\n2,C,B,150\n");
+  EXPECT_EQ(run({"import", dir.path("net"), dir.path("n")}).code, 0);
+  const std::string render = "timeout 60 " PN10_PROGRAM " render " + dir.path("n") + " --window 0,-50,100,50 -o ";
+  EXPECT_EQ(shell(render + dir.path("n.png"), "").code, 0);
+}
+
 TEST(FindAt, a_pipe_is_found_on_its_way_and_a_node_at_its_place) {
   const TempDir dir;
   EXPECT_EQ(shell("mkdir net", dir.path("")).code, 0);
