@@ -1,7 +1,6 @@
 // A whole picture of a million pipes against a bare loop over the same lines, and a zoomed one against a bare scan.
 #include <benchmark/benchmark.h>
 
-#include <cmath>
 #include <cstdint>
 #include <cstdlib>
 #include <vector>
@@ -10,7 +9,7 @@
 #include "draw/lines.h"
 #include "exports/pn10platform.h"
 #include "model/tables.h"
-#include "support/random_network.h"
+#include "support/scene.h"
 
 using namespace pn10;
 
@@ -26,32 +25,18 @@ void* calloc(size_t count, size_t size) { return allocations++, __libc_calloc(co
 namespace {
 
 constexpr int32_t kWidth = 1600, kHeight = 1200;
-constexpr double kStreet = 100;
+constexpr double kSide = 100000;
 
-/** Streets on a grid: 9 nodes for 10 pipes in record order, every third pipe or so with two vertices. */
+/** The street grid of the tests, three pipes in ten with two vertices, and a host's options. */
 struct Scene {
-  int32_t pipes, columns, rows;
+  int32_t pipes;
   ViewOpts view{};
   PlotOpts plot{};
   UnitOpts unit{};
   HDC dc = nullptr;
 
   explicit Scene(int32_t count) : pipes(count) {
-    const int32_t nodes = count / 10 * 9;
-    columns = static_cast<int32_t>(std::sqrt(nodes));
-    rows = (nodes + columns - 1) / columns;
-    const int32_t curved = count / 10 * 3;
-    test::makeEmptyTables(nodes, count, 0, curved * 2);
-    for (int32_t n = 1; n <= nodes; n++) {
-      model.ndt[n].X_COORD = (n - 1) % columns * kStreet;
-      model.ndt[n].Y_COORD = (n - 1) / columns * kStreet;
-    }
-    int32_t p = 0, v = 0;
-    for (int32_t n = 1; p < count; n++) {
-      if (n > nodes) n = 1;
-      if (n % columns) addPipe(++p, n, n + 1, v);
-      if (n % 9 == 0 && p < count && n + columns <= nodes) addPipe(++p, n, n + columns, v);
-    }
+    test::makeStreetGrid({.pipes = count, .side = kSide});
     view.NodeOn = 1;
     view.NodeSize = 1; /* a fifth of a display unit, too small to see at full extent */
     view.NodeSymbol = 2;
@@ -66,36 +51,11 @@ struct Scene {
     FreeModel();
   }
 
-  void addPipe(int32_t p, int32_t from, int32_t to, int32_t& v) {
-    if (to > model.nodeCount) to = from - 1;
-    Pdt& pipe = model.pdt[p];
-    pipe.ID = p;
-    pipe.FROM_NODE = from;
-    pipe.TO_NODE = to;
-    PXY& screen = model.pxy[p];
-    screen.Display = 1;
-    screen.LineType = screen.LineWidth = 1;
-    screen.Color = 0x800000;
-    screen.LENGTH = kStreet;
-    if (p % 10 >= 3) return;
-    pipe.VTX_MODE = 4;
-    screen.FIRST_VTX = v + 1;
-    screen.LAST_VTX = v + 2;
-    for (int i = 1; i <= 2; i++) {
-      const Ndt &a = model.ndt[from], &b = model.ndt[to];
-      Vtx& vertex = model.vtx[++v];
-      vertex.VTX_OWNER = p;
-      vertex.VTX_X = a.X_COORD + (b.X_COORD - a.X_COORD) * i / 3 + 8;
-      vertex.VTX_Y = a.Y_COORD + (b.Y_COORD - a.Y_COORD) * i / 3 + 8;
-    }
-  }
-
   /** The whole network, or the middle of it with one part in `share` of each side. */
   void look(double share) {
-    const double w = columns * kStreet, h = rows * kStreet, x = w / 2, y = h / 2;
+    const double middle = kSide / 2, half = middle / share;
     SetDrawVars(0, dc, nullptr, 1, &plot, &view, &unit, nullptr, 0, 0, 0, 0, 0, 1000);
-    SetPNGDIScale(x - w / 2 / share, y + h / 2 / share, x + w / 2 / share, y - h / 2 / share, kWidth, kHeight, 0, 1200,
-                  0, 0, 0, 0);
+    SetPNGDIScale(middle - half, middle + half, middle + half, middle - half, kWidth, kHeight, 0, 1200, 0, 0, 0, 0);
   }
 
   void draw() {
