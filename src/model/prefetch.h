@@ -16,7 +16,7 @@
 namespace pn10 {
 
 /** How many records ahead: far enough for a line to arrive, near enough for it to stay. */
-constexpr int32_t kPipesAhead = 32, kEndsAhead = 16, kNodesAhead = 32;
+constexpr int32_t kPipesAhead = 32, kEndsAhead = 16, kNodesAhead = 64;
 
 /** Asks ahead of a walk over the pipes. Its places are values of its own, which no write of the walk can change. */
 class PipesAhead {
