@@ -9,6 +9,7 @@
 #define PN10_MODEL_PREFETCH_H
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 
 #include "model/tables.h"
@@ -25,8 +26,8 @@ class PipesAhead {
   explicit PipesAhead(int32_t top)
       : top_(top),
         pipes_(model.pdt),
-        places_(reinterpret_cast<uintptr_t>(&model.ndt->X_COORD)),
-        marks_(reinterpret_cast<uintptr_t>(&model.nxy->Drawn)) {}
+        places_(reinterpret_cast<uintptr_t>(model.ndt) + offsetof(Ndt, X_COORD)),
+        marks_(reinterpret_cast<uintptr_t>(model.nxy) + offsetof(NXY, Drawn)) {}
 
   /**
    * At pipe `p`, calls for the lines of a record further on and for the places of the end nodes of a nearer one. The
