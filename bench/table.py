@@ -37,7 +37,7 @@ def reference_time(found, program, name, size, reference):
 
 
 def times(paths):
-    """(program, benchmark, size) to seconds of CPU time, in the order of the runs."""
+    """(program, benchmark, size) to seconds of elapsed time, in the order of the runs."""
     found = {}
     for path in paths:
         with open(path, encoding="utf-8") as file:
