@@ -65,8 +65,7 @@ class NodePass {
     return true;
   }
 
-  /** Far out, only one node in thousands is larger than the default or has a flag: the first such of `node` to `top`.
-   */
+  /** The first of `node` to `top` that may show; far out, only one in thousands has a size of its own or a flag. */
   int32_t skipHidden(int32_t node, int32_t top) const {
     if (!hideDefaults_) return node;
     const Ndt* const nodes = model.ndt;

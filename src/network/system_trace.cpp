@@ -174,8 +174,7 @@ Next SystemTrace::expandFlow(int32_t node) {
     if (!isVisited(edge)) record(edge.pipe, false);
     visit(edge);
   };
-  // The candidates of a node are known before the first is crossed: a pipe from the node to itself is two of them.
-  // Kept.
+  // Kept: the candidates of a node are known before the first is crossed; a pipe from it to itself is two of them.
   const TraceEdge* candidates[TraceGraph::kMostPipes];
   int32_t candidateCount = 0;
   const TraceEdge* largest = nullptr;

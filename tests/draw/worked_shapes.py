@@ -1,10 +1,12 @@
 #!/usr/bin/env python3
 """Works out the operations of devices, fittings, flags and flow arrows from their tables, independent of the library.
 
-Writes tests/golden/draw/{devices,fittings,flags,arrows}.ops, or to the folder that is its argument, as the test
-Goldens has it. The view: world 0 to 100 on 1000 dots, y upwards, so a
-world point (x, y) is the dot (trunc(10 x), trunc(1000 - 10 y)); a display unit is two world units; the view height is
-100. Points of a shape are (along the pipe, to its left) in units of the span.
+Writes tests/golden/draw/{devices,fittings,flags,arrows}.ops. An argument is the folder to write to instead; the test
+Goldens compares that with the committed files.
+
+The view: world 0 to 100 on 1000 dots, y upwards, so a world point (x, y) is the dot (trunc(10 x), trunc(1000 - 10 y));
+a display unit is two world units; the view height is 100. Points of a shape are (along the pipe, to its left) in units
+of the span.
 """
 import math, os, sys
 

@@ -287,9 +287,10 @@ TEST_F(Trace, follows_the_network_and_paints_it) {
 }
 
 TEST_F(Render, numbers_out_of_range_are_refused) {
+  const TempDir out;
   for (const char* option : {"--lines=nan", "--lines=0", "--symbols=-1", "--symbols=1e9", "--text=0", "--text=1e9",
                              "--node-symbol=2.5", "--node-symbol=-3", "--decimals=2.5", "--decimals=10", "--dpi=inf"}) {
-    const Result r = run({"render", base(), "-o", "/tmp/never.png", option});
+    const Result r = run({"render", base(), "-o", out.path("never.png"), option});
     expectUsage(r, std::string(option).substr(0, std::string(option).find('=')) + " wants");
   }
   expectUsage(run({"render", base(), "-o", "a.gif"}), "'a.gif'");

@@ -5,7 +5,7 @@ namespace {
 
 using namespace pn10::test;
 
-/** A row of three pipes in metres, and a reference of the second node. */
+/** A row of three pipes in metres, and a customer beside it. */
 class Set : public testing::Test {
  protected:
   Set() {
@@ -119,7 +119,6 @@ TEST_F(Set, a_cut_file_is_told_and_not_saved_over) {
 }
 
 TEST_F(Set, a_full_disk_leaves_the_model_as_it_was) {
-  // Blocks of 512 or 1024 bytes, as the shell has them: nodes alone are 878 bytes.
   const std::string before = dir.read("n.pdt");
   const Result r = shell("trap '' XFSZ; ulimit -f 0; pn10 set n node 2 PRESSURE 7 2>/dev/null", dir.path(""));
   EXPECT_EQ(r.code, 1);

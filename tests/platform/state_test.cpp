@@ -325,9 +325,11 @@ TEST(Handles, contexts_of_absurd_sizes_are_refused) {
   EXPECT_EQ(PnCreateImageDC(70000, 70000, 96, 0), nullptr);
   EXPECT_EQ(PnCreateRecordDC(0, 1, 96), nullptr);
   const double nan = std::numeric_limits<double>::quiet_NaN();
+  const TempDir dir;
   for (double bad : {0.0, -1.0, nan, 1e300}) {
-    EXPECT_EQ(PnCreatePdfDC("/tmp/never.pdf", bad, 1, 96), nullptr);
-    EXPECT_EQ(PnCreateSvgDC("/tmp/never.svg", 1, bad, 96), nullptr);
+    EXPECT_EQ(PnCreatePdfDC(dir.path("never.pdf").c_str(), bad, 1, 96), nullptr);
+    EXPECT_EQ(PnCreateSvgDC(dir.path("never.svg").c_str(), 1, bad, 96), nullptr);
+    EXPECT_FALSE(dir.exists("never.pdf") || dir.exists("never.svg"));
   }
   EXPECT_EQ(PnCreatePdfDC(nullptr, 1, 1, 96), nullptr);
   EXPECT_EQ(PnCreatePdfDC("/no/such/folder/a.pdf", 1, 1, 96), nullptr);
