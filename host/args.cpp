@@ -114,11 +114,18 @@ int runOne(const Command& command, int argc, char** argv) {
 
 bool parseNumber(const std::string& text, double* value) {
   const char* begin = text.c_str();
-  if (*begin == '+') begin++;
+  if (begin[0] == '+' && begin[1] != '-') begin++;
   double read = 0;
   const auto done = std::from_chars(begin, text.c_str() + text.size(), read);
   if (done.ec != std::errc() || done.ptr != text.c_str() + text.size() || !std::isfinite(read)) return false;
   *value = read;
+  return true;
+}
+
+bool parseWhole(const std::string& text, int32_t* value) {
+  double read = 0;
+  if (!parseNumber(text, &read) || std::fabs(read) > 2147483647.0 || read != std::floor(read)) return false;
+  *value = static_cast<int32_t>(read);
   return true;
 }
 

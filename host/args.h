@@ -68,6 +68,8 @@ struct NotHere {
 
 /** A whole text as a finite number; false, and `value` as it was, when it is none. */
 bool parseNumber(const std::string& text, double* value);
+/** The same for a whole number of 32 bits, also when it is written as 5.0 or 5e0. */
+bool parseWhole(const std::string& text, int32_t* value);
 
 /** Runs the program. */
 int runCommand(int argc, char** argv);

@@ -47,21 +47,22 @@ int32_t findNode(const std::string& name, bool partial) {
 }
 
 int32_t findPipe(const std::string& word, bool partial) {
-  double id = 0;
-  if (parseNumber(word, &id) && std::fabs(id) <= 2147483647.0 && id == std::floor(id)) {
-    if (const int32_t pipe = FindPipeByID(static_cast<int32_t>(id))) return pipe;
+  int32_t id = 0;
+  if (parseWhole(word, &id)) {
+    if (const int32_t pipe = FindPipeByID(id)) return pipe;
   }
   std::string upper = ansi(word);
   StrUpper(upper.data());
   return FindPipeByLinkID(upper.c_str(), 1, partial);
 }
 
-/** The nearest node that is not farther away than `within`, which receives its distance; 0 without one. */
+/** The nearest node that is not farther away than `within`, which receives its distance; the first of equals, or 0. */
 int32_t nodeAt(double x, double y, double* within) {
   int32_t found = 0;
   for (int32_t n = 1; n <= recordCount(Kind::Node); n++) {
     const double away = std::hypot(number(Kind::Node, n, NDT_X_COORD) - x, number(Kind::Node, n, NDT_Y_COORD) - y);
-    if (away > *within || (found && away == *within) || isDeleted(Kind::Node, n)) continue;
+    const bool nearer = found ? away < *within : away <= *within;  // neither, for a place that is no number
+    if (!nearer || isDeleted(Kind::Node, n)) continue;
     found = n;
     *within = away;
   }

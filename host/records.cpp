@@ -4,7 +4,6 @@
 #include <pn10gdi.h>
 
 #include <algorithm>
-#include <cmath>
 #include <cstdlib>
 
 namespace host {
@@ -50,10 +49,8 @@ const char* kindName(Kind kind) { return callsOf(kind).name; }
 int32_t recordCount(Kind kind) { return static_cast<int32_t>(number(kind, 0, callsOf(kind).count)); }
 
 int32_t parseRecord(Kind kind, const std::string& word) {
-  double value = 0;
-  if (!parseNumber(word, &value) || std::fabs(value) > 2147483647.0 || value != std::floor(value))
-    throw UsageError{"'" + word + "' is no record number"};
-  const auto record = static_cast<int32_t>(value);
+  int32_t record = 0;
+  if (!parseWhole(word, &record)) throw UsageError{"'" + word + "' is no record number"};
   if (record < 1 || record > recordCount(kind)) {
     throw Failure{std::string("there is no ") + kindName(kind) + " " + word + "; the last one is " +
                   std::to_string(recordCount(kind))};

@@ -1,5 +1,6 @@
 /** The subcommands that look at a model, with good words and bad ones. */
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 #include "host/run.h"
@@ -168,16 +169,6 @@ TEST_F(Find, the_nearest_node_wins_whatever_its_number) {
   EXPECT_EQ(run({"find", base(), "--pipe", "1e99"}).code, 1);
 }
 
-TEST(RenderFar, a_pipe_to_the_end_of_the_world_is_painted_in_time) {
-  const TempDir dir;
-  EXPECT_EQ(shell("mkdir net", dir.path("")).code, 0);
-  dir.write("net/nodes.csv", "id,x,y\nA,0,0\nB,100,0\nC,1e29,0\n");
-  dir.write("net/links.csv", "id,from,to,diameter\n1,A,B,150\n2,C,B,150\n");
-  EXPECT_EQ(run({"import", dir.path("net"), dir.path("n")}).code, 0);
-  const std::string render = "timeout 60 " PN10_PROGRAM " render " + dir.path("n") + " --window 0,-50,100,50 -o ";
-  EXPECT_EQ(shell(render + dir.path("n.png"), "").code, 0);
-}
-
 TEST(FindAt, a_pipe_is_found_on_its_way_and_a_node_at_its_place) {
   const TempDir dir;
   EXPECT_EQ(shell("mkdir net", dir.path("")).code, 0);
@@ -194,6 +185,19 @@ TEST(FindAt, a_pipe_is_found_on_its_way_and_a_node_at_its_place) {
     EXPECT_TRUE(contains(found, std::string("\"kind\":\"") + row.kind)) << row.at << found;
     EXPECT_NEAR(numberBehind(found, "\"distance\":"), row.distance, 1e-4) << row.at;
   }
+}
+
+TEST(FindAt, a_node_without_a_place_is_near_nothing) {
+  const TempDir dir;
+  EXPECT_EQ(shell("mkdir net", dir.path("")).code, 0);
+  dir.write("net/nodes.csv", "id,x,y\nA,0,0\nB,100,0\n");
+  dir.write("net/links.csv", "id,from,to,diameter\n1,A,B,150\n");
+  EXPECT_EQ(run({"import", dir.path("net"), dir.path("n")}).code, 0);
+  const std::string nodes = dir.read("n.ndt"), noNumber = Bytes().f64(std::nan("")).str();
+  dir.write("n.ndt", nodes.substr(0, 220 + 130) + noNumber + nodes.substr(220 + 138));  // X_COORD of the second node
+  const std::string found = run({"find", dir.path("n"), "--at", "3,4", "--radius", "10", "--json"}).out;
+  EXPECT_TRUE(contains(found, "\"kind\":\"node\"") && contains(found, "\"record\":1")) << found;
+  EXPECT_NEAR(numberBehind(found, "\"distance\":"), 5, 1e-4);
 }
 
 TEST_F(Info, speaks_in_the_units_of_the_model) {
@@ -265,6 +269,16 @@ TEST_F(Render, the_geographic_view_needs_longitudes_and_latitudes) {
   EXPECT_TRUE(filesIn(out.path("")).empty());
 }
 
+TEST(RenderFar, a_pipe_to_the_end_of_the_world_is_painted_in_time) {
+  const TempDir dir;
+  EXPECT_EQ(shell("mkdir net", dir.path("")).code, 0);
+  dir.write("net/nodes.csv", "id,x,y\nA,0,0\nB,100,0\nC,1e29,0\n");
+  dir.write("net/links.csv", "id,from,to,diameter\n1,A,B,150\n2,C,B,150\n");
+  EXPECT_EQ(run({"import", dir.path("net"), dir.path("n")}).code, 0);
+  const std::string render = "timeout 60 " PN10_PROGRAM " render " + dir.path("n") + " --window 0,-50,100,50 -o ";
+  EXPECT_EQ(shell(render + dir.path("n.png"), "").code, 0);
+}
+
 TEST(RenderDegrees, the_full_extent_fits_with_its_margin_though_latitudes_are_stretched) {
   const TempDir dir;
   dir.write("nodes.csv", "id,kind,x,y\na,junction,10,60\nb,junction,11,61\nc,junction,10,61\n");
@@ -276,14 +290,6 @@ TEST(RenderDegrees, the_full_extent_fits_with_its_margin_though_latitudes_are_st
   const std::string picture = dir.read("m.svg");
   EXPECT_TRUE(contains(picture, "M642 2332L642 67")) << picture;
   EXPECT_TRUE(contains(picture, "M642 67L1757 67")) << picture;
-}
-
-TEST_F(Trace, follows_the_network_and_paints_it) {
-  const TempDir out;
-  const Result r =
-      run({"trace", base(), "--type", "downstream", "--from", nameOf(base(), 1), "-o", out.path("t.png"), "--json"});
-  EXPECT_EQ(r.code, 0) << r.err;
-  EXPECT_EQ(out.read("t.png").substr(0, 4), "\x89PNG");
 }
 
 TEST_F(Render, numbers_out_of_range_are_refused) {
@@ -308,6 +314,14 @@ TEST_F(Render, a_picture_that_can_not_be_written_leaves_the_one_before) {
     EXPECT_NE(out.read(file), "before");
   }
   EXPECT_EQ(filesIn(out.path("")).size(), 3u);
+}
+
+TEST_F(Trace, follows_the_network_and_paints_it) {
+  const TempDir out;
+  const Result r =
+      run({"trace", base(), "--type", "downstream", "--from", nameOf(base(), 1), "-o", out.path("t.png"), "--json"});
+  EXPECT_EQ(r.code, 0) << r.err;
+  EXPECT_EQ(out.read("t.png").substr(0, 4), "\x89PNG");
 }
 
 TEST_F(Trace, from_a_pipe_goes_the_way_of_its_gas) {

@@ -62,7 +62,7 @@ TEST_F(Set, texts_that_would_be_cut_or_lose_letters_are_refused) {
 TEST_F(Set, numbers_that_do_not_fit_are_refused_with_what_they_would_become) {
   refuses(set("pipe", 1, "STATUS", "300"), "it would be 44");
   refuses(set("pipe", 1, "LABEL_ON", "1.5"), "it would be 1");
-  for (const char* value : {"nan", "inf", "-inf", "1e999", "0x10", ""}) {
+  for (const char* value : {"nan", "inf", "-inf", "1e999", "0x10", "+-5", ""}) {
     EXPECT_EQ(run({"set", base, "--", "node", "1", "X_COORD", value}).code, 2) << value;
   }
 }
