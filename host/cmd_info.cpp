@@ -168,7 +168,7 @@ void printText(const std::string& base, const ModelInfo& info, const Totals& t, 
              (t.byType[i].count == 1 ? name.substr(0, name.size() - 1) : name);
   }
   const Shown shown(info.units);
-  const bool metric = shown.length > 3 && shown.length < 3.5;
+  const bool metric = shown.length > 3 && shown.length < 3.5;  // a metre has 3.28 feet
   std::printf("  of the pipes%s\n  vertices   %9d\n", kinds.empty() ? " none" : kinds.c_str(), t.vertices);
   std::printf("length %s (%s %s)\n", shown.ofLength(t.pipes.length).c_str(),
               fixedNumber(t.pipes.length / (metric ? 1000 * shown.length : 5280), 2).c_str(), metric ? "km" : "miles");

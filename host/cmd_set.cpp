@@ -87,23 +87,27 @@ void storeExactly(const Change& c) {
                 " can't be stored: it is computed, or the value does not fit; it would be " + shown(c)};
 }
 
-/** The number that a record gets in a save: deleted records, and nodes that no pipe names, are left out. 0: none. */
-int32_t numberAfterSave(Kind kind, int32_t record) {
+/** Nodes are numbered in the order in which live pipes name them; the empty node 0 of a pipe without an end counts. */
+int32_t nodeAfterSave(int32_t record) {
   int32_t next = 0;
-  if (kind == Kind::Node) {
-    std::vector<bool> named(static_cast<size_t>(recordCount(Kind::Node)) + 1);
-    for (int32_t p = 1; p <= recordCount(Kind::Pipe); p++) {
-      if (isDeleted(Kind::Pipe, p)) continue;
-      for (const int16_t end : {PDT_FROM_NODE, PDT_TO_NODE}) {
-        const auto node = static_cast<int32_t>(number(Kind::Pipe, p, end));
-        if (node < 0 || node > recordCount(Kind::Node) || named[static_cast<size_t>(node)]) continue;
-        named[static_cast<size_t>(node)] = true;
-        next++;
-        if (node == record) return next;
-      }
+  std::vector<bool> named(static_cast<size_t>(recordCount(Kind::Node)) + 1);
+  for (int32_t p = 1; p <= recordCount(Kind::Pipe); p++) {
+    if (isDeleted(Kind::Pipe, p)) continue;
+    for (const int16_t end : {PDT_FROM_NODE, PDT_TO_NODE}) {
+      const auto node = static_cast<int32_t>(number(Kind::Pipe, p, end));
+      if (node < 0 || node > recordCount(Kind::Node) || named[static_cast<size_t>(node)]) continue;
+      named[static_cast<size_t>(node)] = true;
+      next++;
+      if (node == record) return next;
     }
-    return 0;
   }
+  return 0;
+}
+
+/** The number that a record gets in a save; 0 when it is left out, as deleted records and unused nodes are. */
+int32_t numberAfterSave(Kind kind, int32_t record) {
+  if (kind == Kind::Node) return nodeAfterSave(record);
+  int32_t next = 0;
   for (int32_t r = 1; r <= record; r++) {
     const auto pipe = kind == Kind::Customer ? static_cast<int32_t>(number(kind, r, CDT_PIPE_REC)) : 0;
     const bool kept = !isDeleted(kind, r) && (pipe == 0 || !isDeleted(Kind::Pipe, pipe));

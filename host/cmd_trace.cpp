@@ -7,6 +7,7 @@
 #include <cstring>
 #include <fstream>
 #include <random>
+#include <set>
 
 #include "commands.h"
 #include "map_view.h"
@@ -116,9 +117,9 @@ Findings findingsOf(const TraceFolder& folder, int32_t startPipe) {
   Findings found;
   for (const std::string& line : linesOf(folder.read("trace.pip"))) found.pipes.push_back(std::atoi(line.c_str()));
   // A start element that the walk comes back to has two lines.
+  std::set<std::string> seen;
   for (const std::string& line : linesOf(folder.read("trace.vlv"))) {
-    if (std::find(found.devices.begin(), found.devices.end(), line) == found.devices.end())
-      found.devices.push_back(line);
+    if (seen.insert(line).second) found.devices.push_back(line);
   }
   const std::string summary = folder.read("trace.sum");
   found.customers = countBehind(summary, "Customers Found: ");

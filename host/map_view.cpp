@@ -130,9 +130,13 @@ PlotOpts plotOptions(const MapOptions& o) {
   return p;
 }
 
-/** Arrows of 0.08 inches: on paper they take the factor of the nodes, which is their print size over the screen's. */
+/**
+ * Arrows of 0.08 inches: on paper they take the factor of the nodes, which is their print size over the screen's. Nodes
+ * without a size on the screen have the factor 1; with one there and none on paper, arrows have none either.
+ */
 int32_t paperArrowSize(const ViewOpts& view, const PlotOpts& plot) {
-  const double nodeFactor = plot.PrintNodeSize * 0.001 / (view.NodeSize * 0.1 / 96);
+  if (view.NodeSize != 0 && plot.PrintNodeSize == 0) return 0;
+  const double nodeFactor = view.NodeSize != 0 ? plot.PrintNodeSize * 0.001 / (view.NodeSize * 0.1 / 96) : 1;
   return static_cast<int32_t>(std::lround(0.08 * 96 / 0.3 / nodeFactor));
 }
 
