@@ -2,7 +2,7 @@
 #include "platform/files.h"
 
 #ifndef _WIN32
-#include <sys/types.h>
+#include <sys/stat.h>
 #endif
 
 namespace pn10 {
@@ -23,6 +23,15 @@ int seekFrom(FILE* file, int64_t offset, int origin) {
   return fseeko(file, offset, origin);
 #endif
 }
+/** A folder opens for reading here and there, and claims to be as long as can be. */
+bool isFolder([[maybe_unused]] FILE* file) {
+#ifdef _WIN32
+  return false;
+#else
+  struct stat facts;
+  return fstat(fileno(file), &facts) == 0 && S_ISDIR(facts.st_mode);
+#endif
+}
 }  // namespace
 
 bool seekFile(FILE* file, int64_t position) { return position >= 0 && seekFrom(file, position, SEEK_SET) == 0; }
@@ -37,6 +46,7 @@ int64_t fileSize(FILE* file) {
 bool File::open(const char* path, const char* mode) {
   close();
   file_ = path ? std::fopen(path, mode) : nullptr;
+  if (file_ && isFolder(file_)) close();
   return file_ != nullptr;
 }
 

@@ -23,7 +23,7 @@ class File {
   File(const File&) = delete;
   File& operator=(const File&) = delete;
 
-  /** Opens with fopen's modes; false when the file can't be opened. */
+  /** Opens with fopen's modes; false when the file can't be opened, or is a folder. */
   bool open(const char* path, const char* mode);
   /** Flushes and closes; false when a write since the opening failed, or none was open. */
   bool close();
