@@ -100,6 +100,18 @@ TEST(DrawText, cuts_at_the_rectangle_and_leaves_the_clip_region_as_it_was) {
   EXPECT_EQ(sheet.inkBox().bottom, 56);
 }
 
+TEST(DrawText, a_paragraph_of_any_length_is_read_once) {
+  HDC dc = PnCreateRecordDC(100, 100, 96); /* each character 8 wide, each line 16 high */
+  std::string text;
+  for (int i = 0; i < 300000; i++) text += "word ";
+  RECT rect{0, 0, 32, 10};
+  EXPECT_EQ(DrawTextA(dc, text.c_str(), -1, &rect, DT_WORDBREAK | DT_NOPREFIX), 300000 * 16);
+  rect = {0, 0, 72, 10};
+  EXPECT_EQ(DrawTextA(dc, "one two  \nthree  four \r\n\nfive", -1, &rect, DT_WORDBREAK | DT_NOPREFIX), 5 * 16)
+      << "one two, three, four, an empty line, five";
+  PnDeleteDC(dc);
+}
+
 TEST(DrawText, a_word_that_never_fits_stays_whole_and_no_text_ends_at_once) {
   HDC dc = PnCreateRecordDC(100, 100, 96);
   RECT box{0, 0, 5, 5};

@@ -18,32 +18,32 @@ struct Line {
 
 bool isBreak(char c) { return c == '\r' || c == '\n'; }
 
-/** Where the words from `at` no longer fit into `width`; a single word always fits. */
+/** Where the words from `at` no longer fit into `width`, or where they end; a single word always fits. */
 const char* wrap(const TextMetrics& metrics, const char* at, const char* end, int64_t width) {
   const char* fits = nullptr;
+  const char* p = at;
   int64_t sum = 0;
-  for (const char* p = at; p < end; p++) {
+  for (; p < end && !isBreak(*p); p++) {
     if (*p == ' ' && p > at && p[-1] != ' ') {
       if (sum > width && fits) return fits;
       fits = p;
     }
     sum += metrics.advance(static_cast<unsigned char>(*p));
   }
-  return sum > width && fits ? fits : end;
+  return sum > width && fits ? fits : p;
 }
 
 /** Takes the next line off the text; `at` moves behind it and what parts it from the next. */
 Line nextLine(const TextMetrics& metrics, const char*& at, const char* end, UINT format, int64_t width) {
-  const char* stop = std::find_if(at, end, isBreak);
-  const char* cut = format & DT_WORDBREAK ? wrap(metrics, at, stop, width) : stop;
-  const char* next = std::find_if(cut, stop, [](char c) { return c != ' '; });
-  if (cut < stop && next < stop) {
+  const char* cut = format & DT_WORDBREAK ? wrap(metrics, at, end, width) : std::find_if(at, end, isBreak);
+  const char* next = std::find_if(cut, end, [](char c) { return c != ' '; });
+  if (cut < next && next < end && !isBreak(*next)) {
     const Line line{at, cut, cut + 1}; /* the blank at the break is painted, but does not begin the next line */
     at = next;
     return line;
   }
   const Line line{at, cut, cut};
-  at = stop;
+  at = next;
   if (at < end && *at == '\r' && at + 1 < end && at[1] == '\n') at++;
   if (at < end) at++;
   return line;
