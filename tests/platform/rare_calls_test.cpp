@@ -55,6 +55,19 @@ TEST_F(RareCalls, bits_without_colours_of_their_own_come_out_in_the_usual_ones) 
   DeleteObject(red);
 }
 
+TEST_F(RareCalls, colours_are_not_written_behind_a_header_that_is_none) {
+  HBITMAP bitmap = CreateCompatibleBitmap(dc, 2, 1);
+  uint8_t row[8] = {};
+  for (const DWORD size : {0u, 39u, 257u, 0x7FFFFFFFu, 0xFFFFFFFFu}) {
+    for (const int bits : {0, 1, 8, 32}) {
+      Dib header(2, 1, bits);
+      header.head.biSize = size;
+      EXPECT_EQ(GetDIBits(dc, bitmap, 0, 1, row, header.info(), DIB_RGB_COLORS), 0) << size;
+    }
+  }
+  DeleteObject(bitmap);
+}
+
 TEST_F(RareCalls, a_moved_bitmap_is_logged_by_its_size) {
   const uint32_t pixel = 0x00FF00;
   const std::string log = recorded([&] {
@@ -91,6 +104,9 @@ TEST_F(RareCalls, a_region_can_be_selected_like_a_pen) {
   EXPECT_EQ(PnGetPixel(dc, 1, 4), 0x000000);
   EXPECT_EQ(PnGetPixel(dc, 2, 4), 0xFFFFFF);
   DeleteObject(region);
+  HRGN empty = CreateRectRgn(3, 3, 3, 8);
+  EXPECT_EQ(SelectObject(dc, empty), reinterpret_cast<HGDIOBJ>(uintptr_t{NULLREGION}));
+  DeleteObject(empty);
   char record[200];
   EXPECT_EQ(GetObjectA(region, sizeof record, record), 0) << "deleted";
 }

@@ -233,7 +233,8 @@ int SetDIBits(HDC, HBITMAP handle, UINT start, UINT lines, const void* bits, con
 
 int GetDIBits(HDC, HBITMAP handle, UINT start, UINT lines, void* bits, BITMAPINFO* info, UINT usage) {
   const Bitmap* bitmap = find<Bitmap>(handle);
-  if (!bitmap || !info || usage != DIB_RGB_COLORS || info->bmiHeader.biSize < sizeof(BITMAPINFOHEADER)) return 0;
+  if (!bitmap || !info || usage != DIB_RGB_COLORS) return 0;
+  if (info->bmiHeader.biSize < sizeof(BITMAPINFOHEADER) || info->bmiHeader.biSize > kLongestHeader) return 0;
   logOp("GetDIBits", describe(bitmap), start, lines, usage);
   if (info->bmiHeader.biBitCount == 0) return describeDib(*bitmap, info);
   DibLayout layout;

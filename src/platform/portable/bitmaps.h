@@ -43,6 +43,8 @@ struct Bitmap : Object {
 /** Bytes of a row of a bitmap, a multiple of 4. */
 inline int64_t rowBytes(int64_t width, int32_t bits) { return (width * bits + 31) / 32 * 4; }
 
+constexpr DWORD kLongestHeader = 256; /* twice what any description of a bitmap has */
+
 /** A description of pixels in memory, taken apart and checked; false when no pixels can be meant. */
 struct DibLayout {
   PixelFormat format;

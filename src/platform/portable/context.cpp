@@ -51,6 +51,16 @@ RECT deviceBox(const Context& context) {
   return {-kFar, -kFar, kFar, kFar};
 }
 
+/** Takes a region as the clip, or none; answers what kind of region it is. */
+int clipTo(Context& context, const Region* region) {
+  State& state = context.state;
+  state.clipped = region != nullptr;
+  if (region) state.clip = region->box;
+  updateClip(context);
+  const bool empty = region && (region->box.left == region->box.right || region->box.top == region->box.bottom);
+  return empty ? NULLREGION : SIMPLEREGION;
+}
+
 }  // namespace
 
 Context* newContext(Device device, const DeviceFacts& facts) {
@@ -150,10 +160,7 @@ HGDIOBJ SelectObject(HDC dc, HGDIOBJ handle) {
     case Kind::Bitmap:
       return context->device == Device::Memory ? selectBitmap(*context, static_cast<Bitmap*>(object)) : nullptr;
     case Kind::Region:
-      state.clipped = true;
-      state.clip = static_cast<Region*>(object)->box;
-      updateClip(*context);
-      return reinterpret_cast<HGDIOBJ>(uintptr_t{SIMPLEREGION});
+      return reinterpret_cast<HGDIOBJ>(static_cast<uintptr_t>(clipTo(*context, static_cast<Region*>(object))));
     case Kind::Context:
     case Kind::Window:
       break;
@@ -167,12 +174,7 @@ int SelectClipRgn(HDC dc, HRGN handle) {
   const Region* region = find<Region>(handle);
   if (handle && !region) return ERROR_REGION;
   if (recording()) logOp("SelectClipRgn", describe(region));
-  State& state = context->state;
-  state.clipped = region != nullptr;
-  if (region) state.clip = region->box;
-  updateClip(*context);
-  const bool empty = region && (region->box.left == region->box.right || region->box.top == region->box.bottom);
-  return empty ? NULLREGION : SIMPLEREGION;
+  return clipTo(*context, region);
 }
 
 int SaveDC(HDC dc) {

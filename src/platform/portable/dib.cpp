@@ -124,7 +124,7 @@ bool readDibHeader(const BITMAPINFO* info, DibLayout* layout) {
   const BITMAPINFOHEADER& h = info->bmiHeader;
   const bool bitsKnown = h.biBitCount == 1 || h.biBitCount == 4 || h.biBitCount == 8 || h.biBitCount == 16 ||
                          h.biBitCount == 24 || h.biBitCount == 32;
-  if (h.biSize < kHeaderSize || h.biSize > 256 || h.biPlanes != 1 || !bitsKnown) return false;
+  if (h.biSize < kHeaderSize || h.biSize > kLongestHeader || h.biPlanes != 1 || !bitsKnown) return false;
   if (h.biCompression != BI_RGB && h.biCompression != BI_BITFIELDS) return false;
   if (h.biWidth < 1 || h.biHeight == 0 || h.biHeight == INT32_MIN) return false;
   layout->format = PixelFormat{};
