@@ -1,7 +1,9 @@
 /**
  * SVG pages as text: one element per mark, so that a drawing stays editable.
  *
- * A clip opens a group that lasts until the clip changes. Raster operations become blend modes of the element.
+ * A clip is a group around what it cuts; it lasts until the clip changes. Raster operations become blend modes: of the
+ * element, or of a group of its own under a clip, since a group with a clip keeps its elements from blending with what
+ * lies below it.
  */
 #include "platform/portable/svg_painter.h"
 
@@ -194,7 +196,7 @@ class SvgPainter final : public VectorPainter {
 
   bool finish() override {
     if (!file_) return whole_;
-    closeClip();
+    closeGroup();
     out_ << "</g>\n</svg>\n";
     flush();
     if (std::fclose(file_) != 0) whole_ = false;
@@ -207,19 +209,18 @@ class SvgPainter final : public VectorPainter {
     if (clip.left == clip_.left && clip.top == clip_.top && clip.right == clip_.right && clip.bottom == clip_.bottom) {
       return;
     }
-    closeClip();
+    closeGroup();
     clip_ = clip;
-    if (clip.left == kOpen.left && clip.top == kOpen.top && clip.right == kOpen.right && clip.bottom == kOpen.bottom) {
-      return;
-    }
+    clipped_ =
+        clip.left != kOpen.left || clip.top != kOpen.top || clip.right != kOpen.right || clip.bottom != kOpen.bottom;
+    if (!clipped_) return;
     clips_++;
     out_ << "<clipPath id=\"c" << clips_ << "\"><rect x=\"" << clip.left << "\" y=\"" << clip.top << "\" width=\""
-         << double(clip.right) - clip.left << "\" height=\"" << double(clip.bottom) - clip.top
-         << "\"/></clipPath>\n<g clip-path=\"url(#c" << clips_ << ")\">\n";
-    grouped_ = true;
+         << double(clip.right) - clip.left << "\" height=\"" << double(clip.bottom) - clip.top << "\"/></clipPath>\n";
   }
 
   void strokePath(const Path& path, const VectorStroke& stroke) override {
+    beginMark(stroke.ink.blend);
     layPath(path, stroke.shift);
     out_ << " fill=\"none\" stroke=\"" << hexColor(stroke.ink.color) << "\" stroke-width=\"" << stroke.width << '"';
     if (stroke.cap != PS_ENDCAP_FLAT) {
@@ -231,6 +232,7 @@ class SvgPainter final : public VectorPainter {
   }
 
   void fillPath(const Path& path, bool winding, Mixed ink) override {
+    beginMark(ink.blend);
     layPath(path, 0);
     out_ << " fill=\"" << hexColor(ink.color) << '"' << (winding ? "" : " fill-rule=\"evenodd\"");
     endMark(ink.blend);
@@ -240,6 +242,7 @@ class SvgPainter final : public VectorPainter {
     if (hatch.gapsPainted && hatch.gaps.blend != Blend::None) fillPath(path, winding, hatch.gaps);
     if (hatch.ink.blend == Blend::None) return;
     if (hatch.hatch != hatchDrawn_ || hatch.ink.color != hatchColor_) defineHatch(hatch);
+    beginMark(hatch.ink.blend);
     layPath(path, 0);
     out_ << " fill=\"url(#h" << hatches_ << ")\"" << (winding ? "" : " fill-rule=\"evenodd\"");
     endMark(hatch.ink.blend);
@@ -248,6 +251,7 @@ class SvgPainter final : public VectorPainter {
   void glyphs(const TextRun& run, uint32_t color) override {
     FontData& font = *run.font;
     const Face& face = *font.face;
+    beginMark(Blend::Normal);
     out_ << "<text xml:space=\"preserve\" fill=\"" << hexColor(color) << "\" font-family=\"'" << familyName(face.name)
          << "','" << familyName(face.family) << "'\" font-size=\"" << font.em << "\"";
     if (face.bold) out_ << " font-weight=\"bold\"";
@@ -275,6 +279,7 @@ class SvgPainter final : public VectorPainter {
       whole_ = false;
       return;
     }
+    beginMark(blend);
     out_ << "<image width=\"" << double(box.right) - box.left << "\" height=\"" << double(box.bottom) - box.top
          << "\" preserveAspectRatio=\"none\" image-rendering=\"optimizeSpeed\" transform=\"translate("
          << (mirrorX ? box.right : box.left) << ' ' << (mirrorY ? box.bottom : box.top) << ") scale("
@@ -288,10 +293,17 @@ class SvgPainter final : public VectorPainter {
  private:
   static constexpr RECT kOpen{-(1 << 30), -(1 << 30), 1 << 30, 1 << 30};
 
-  void closeClip() {
+  /** Before each mark: the group that cuts it. */
+  void beginMark(Blend blend) {
+    const char* style = blendStyle(blend);
+    if (!clipped_ || (grouped_ && !*style)) return;
+    closeGroup();
+    out_ << "<g clip-path=\"url(#c" << clips_ << ")\"" << style << ">\n";
+    grouped_ = true;
+  }
+  void closeGroup() {
     if (grouped_) out_ << "</g>\n";
     grouped_ = false;
-    clip_ = kOpen;
   }
 
   void layPath(const Path& path, double shift) {
@@ -312,7 +324,9 @@ class SvgPainter final : public VectorPainter {
   }
 
   void endMark(Blend blend) {
-    out_ << blendStyle(blend) << "/>\n";
+    const char* style = blendStyle(blend);
+    out_ << (clipped_ ? "" : style) << "/>\n";
+    if (*style) closeGroup();
     flushWhenLong();
   }
 
@@ -339,7 +353,7 @@ class SvgPainter final : public VectorPainter {
   std::FILE* file_;
   Text out_;
   RECT clip_ = kOpen;
-  bool grouped_ = false, whole_ = true;
+  bool clipped_ = false, grouped_ = false, whole_ = true;
   int clips_ = 0, hatches_ = 0;
   int32_t hatchDrawn_ = -1;
   uint32_t hatchColor_ = 0;
