@@ -77,9 +77,8 @@ class AnyNumbers : public testing::Test {
       case 5:
         return p.painter->path(p.state, path(), coin(), coin());
       default:
-        return p.painter->blit(
-            p.state, {source, coordinate(), coordinate(), coordinate(), coordinate(), coordinate(), coordinate(),
-                      coordinate(), coordinate(), static_cast<DWORD>(random()), coin()});
+        return p.painter->blit(p.state, {source, coordinate(), coordinate(), coordinate(), coordinate(), coordinate(),
+                                         coordinate(), coordinate(), coordinate(), static_cast<DWORD>(random())});
     }
   }
 

@@ -22,8 +22,8 @@ class Numbered {
 };
 
 Blit blit(const Raster& source, RECT target, RECT from, DWORD rop = SRCCOPY) {
-  return {source,   target.left, target.top,  target.right, target.bottom, from.left,
-          from.top, from.right,  from.bottom, rop,          false};
+  return {source,    target.left, target.top, target.right, target.bottom,
+          from.left, from.top,    from.right, from.bottom,  rop};
 }
 
 /** What a row of `sourceWidth` columns becomes in `width` columns: the source columns, by stretch mode 3. */

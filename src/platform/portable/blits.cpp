@@ -128,7 +128,7 @@ BOOL BitBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX
   Context* context = contextOf(dc);
   if (!context) return 0;
   logOp("BitBlt", x, y, width, height, sourceX, sourceY, Style{rop});
-  return transfer(*context, source, {{}, x, y, width, height, sourceX, sourceY, width, height, rop, false});
+  return transfer(*context, source, {{}, x, y, width, height, sourceX, sourceY, width, height, rop});
 }
 
 BOOL StretchBlt(HDC dc, int x, int y, int width, int height, HDC source, int sourceX, int sourceY, int sourceWidth,
@@ -136,7 +136,7 @@ BOOL StretchBlt(HDC dc, int x, int y, int width, int height, HDC source, int sou
   Context* context = contextOf(dc);
   if (!context) return 0;
   logOp("StretchBlt", x, y, width, height, sourceX, sourceY, sourceWidth, sourceHeight, Style{rop});
-  return transfer(*context, source, {{}, x, y, width, height, sourceX, sourceY, sourceWidth, sourceHeight, rop, false});
+  return transfer(*context, source, {{}, x, y, width, height, sourceX, sourceY, sourceWidth, sourceHeight, rop});
 }
 
 int StretchDIBits(HDC dc, int x, int y, int width, int height, int sourceX, int sourceY, int sourceWidth,
@@ -157,8 +157,8 @@ int StretchDIBits(HDC dc, int x, int y, int width, int height, int sourceX, int 
   const int64_t left = sourceX - pixels.left(), top = fromTop - pixels.top();
   if (!pixels.raster().pixels || !fitsInt(left) || !fitsInt(top)) return layout.height;
   const Blit blit{
-      pixels.raster(), x,   y,   width, height, static_cast<int32_t>(left), static_cast<int32_t>(top), sourceWidth,
-      sourceHeight,    rop, true};
+      pixels.raster(), x,  y, width, height, static_cast<int32_t>(left), static_cast<int32_t>(top), sourceWidth,
+      sourceHeight,    rop};
   withPainter(*context, [&](Painter& p) { p.blit(context->state.paint, blit); });
   return layout.height;
 }

@@ -93,7 +93,6 @@ struct Blit {
   int32_t x, y, width, height;
   int32_t sourceX, sourceY, sourceWidth, sourceHeight;
   DWORD rop;
-  bool fromDIB; /* StretchDIBits, which rounds one case otherwise than StretchBlt */
 };
 
 class Painter {
