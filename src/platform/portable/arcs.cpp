@@ -91,6 +91,20 @@ void appendCurves(PathFigure& figure, const Arc& arc, bool rounded) {
   }
 }
 
+RECT strokedBox(const PenData& pen, const RECT& box) {
+  if (pen.style != PS_INSIDEFRAME || pen.width < 2) return box;
+  const auto inside = [&](LONG& low, LONG& high) {
+    const int64_t from = low + int64_t{pen.width} / 2, to = high - (int64_t{pen.width} - 1) / 2;
+    const int64_t middle = (int64_t{low} + high) / 2;
+    low = static_cast<LONG>(from < to ? from : middle);
+    high = static_cast<LONG>(from < to ? to : middle + 1);
+  };
+  RECT drawn = box;
+  inside(drawn.left, drawn.right);
+  inside(drawn.top, drawn.bottom);
+  return drawn;
+}
+
 PathFigure ellipseFigure(const RECT& box, bool rounded) {
   Arc arc = arcOf(box, {}, {}, false);
   arc.start = 0;

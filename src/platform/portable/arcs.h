@@ -23,6 +23,9 @@ POINT arcEnd(const RECT& box, POINT to);
 /** Appends the arc's curves, their points rounded to whole pixels when `rounded`. The figure stands at the start. */
 void appendCurves(PathFigure& figure, const Arc& arc, bool rounded);
 
+/** The box that a shape's outline follows: a wide pen inside the frame draws it in by its reach. */
+RECT strokedBox(const PenData& pen, const RECT& box);
+
 /** A whole ellipse as a closed figure of four curves. */
 PathFigure ellipseFigure(const RECT& box, bool rounded);
 

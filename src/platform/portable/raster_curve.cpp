@@ -122,20 +122,6 @@ void FlatPath::stroke(const Canvas& canvas, const Stroke& stroke) {
   }
 }
 
-RECT strokedBox(const PaintState& state, const Stroke& stroke, const RECT& box) {
-  if (state.pen->style != PS_INSIDEFRAME || stroke.kind != Stroke::kWide) return box;
-  const auto inside = [&](LONG& low, LONG& high) {
-    const int64_t from = low + stroke.width / 2, to = high - (stroke.width - 1) / 2;
-    const int64_t middle = (int64_t{low} + high) / 2;
-    low = static_cast<LONG>(from < to ? from : middle);
-    high = static_cast<LONG>(from < to ? to : middle + 1);
-  };
-  RECT drawn = box;
-  inside(drawn.left, drawn.right);
-  inside(drawn.top, drawn.bottom);
-  return drawn;
-}
-
 /** Fills and strokes figures; what is filled is closed for the stroke as well. */
 static void paintFigures(const Canvas& canvas, const PaintState& state, const Path& path, const Stroke& stroke,
                          bool filled) {
@@ -161,7 +147,7 @@ void paintPie(const Canvas& canvas, const PaintState& state, const PieShape& pie
   if (canvas.empty() || pie.box.left >= pie.box.right || pie.box.top >= pie.box.bottom) return;
   const Stroke stroke = strokeOf(state);
   PieShape drawn = pie;
-  drawn.box = strokedBox(state, stroke, pie.box);
+  drawn.box = strokedBox(*state.pen, pie.box);
   PathFigure figure = pieFigure(drawn, false);
   const auto snap = [](double& x, double& y) { x = nearest(x), y = nearest(y); };
   snap(figure.startX, figure.startY); /* the corners are whole pixels, so that level radials stay level */

@@ -62,9 +62,6 @@ class FlatPath {
 
 void strokeEllipse(const Canvas& canvas, const Stroke& stroke, const RECT& box);
 
-/** The box that a shape's outline follows: a pen inside the frame draws it in by its reach. */
-RECT strokedBox(const PaintState& state, const Stroke& stroke, const RECT& box);
-
 }  // namespace pn10::portable
 
 #endif

@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "platform/portable/arcs.h"
 #include "platform/portable/raster_curve.h"
 #include "platform/portable/raster_sheet.h"
 
@@ -148,7 +149,7 @@ void stampOutline(const Canvas& canvas, const Stroke& stroke, int64_t left, int6
 void paintEllipse(const Canvas& canvas, const PaintState& state, const RECT& box) {
   if (canvas.empty()) return;
   const Stroke stroke = strokeOf(state);
-  const RECT figure = strokedBox(state, stroke, box);
+  const RECT figure = strokedBox(*state.pen, box);
   const int64_t left = figure.left, top = figure.top;
   int64_t width = int64_t{figure.right} - left, height = int64_t{figure.bottom} - top;
   if (width <= 0 || height <= 0 || (width == 1 && height == 1)) return;

@@ -12,33 +12,40 @@ namespace pn10::portable {
 
 namespace {
 
+constexpr Mixed kInversion{Blend::Difference, 0xFFFFFF};
 constexpr double kFarthest = 4000000; /* beyond it the libraries' own coordinates run over */
+
+bool isFar(POINT p) { return std::fabs(double(p.x)) > kFarthest || std::fabs(double(p.y)) > kFarthest; }
 
 double held(double value) { return std::clamp(value, -kFarthest, kFarthest); }
 
-/** Which colour a raster operation lays on, and how. Row n - 1 is operation n. */
+/**
+ * Which colour a raster operation lays on, and how. Row n - 1 is operation n. Where the pen combines with the inverse
+ * of what is below, that is inverted first: exact wherever AND and OR are.
+ */
 enum class Source : uint8_t { Pen, Inverse, Black, White };
 struct RopRow {
   Blend blend;
   Source source;
+  bool onInverse = false;
 };
 constexpr RopRow kRops[16] = {
-    {Blend::Normal, Source::Black},       /* R2_BLACK */
-    {Blend::Normal, Source::Inverse},     /* R2_NOTMERGEPEN */
-    {Blend::Darken, Source::Inverse},     /* R2_MASKNOTPEN */
-    {Blend::Normal, Source::Inverse},     /* R2_NOTCOPYPEN */
-    {Blend::Normal, Source::Pen},         /* R2_MASKPENNOT */
-    {Blend::Difference, Source::White},   /* R2_NOT */
-    {Blend::Difference, Source::Pen},     /* R2_XORPEN */
-    {Blend::Normal, Source::Inverse},     /* R2_NOTMASKPEN */
-    {Blend::Darken, Source::Pen},         /* R2_MASKPEN */
-    {Blend::Difference, Source::Inverse}, /* R2_NOTXORPEN */
-    {Blend::None, Source::Pen},           /* R2_NOP */
-    {Blend::Lighten, Source::Inverse},    /* R2_MERGENOTPEN */
-    {Blend::Normal, Source::Pen},         /* R2_COPYPEN */
-    {Blend::Normal, Source::Pen},         /* R2_MERGEPENNOT */
-    {Blend::Lighten, Source::Pen},        /* R2_MERGEPEN */
-    {Blend::Normal, Source::White},       /* R2_WHITE */
+    {Blend::Normal, Source::Black},          /* R2_BLACK */
+    {Blend::Darken, Source::Inverse, true},  /* R2_NOTMERGEPEN */
+    {Blend::Darken, Source::Inverse},        /* R2_MASKNOTPEN */
+    {Blend::Normal, Source::Inverse},        /* R2_NOTCOPYPEN */
+    {Blend::Darken, Source::Pen, true},      /* R2_MASKPENNOT */
+    {Blend::Difference, Source::White},      /* R2_NOT */
+    {Blend::Difference, Source::Pen},        /* R2_XORPEN */
+    {Blend::Lighten, Source::Inverse, true}, /* R2_NOTMASKPEN */
+    {Blend::Darken, Source::Pen},            /* R2_MASKPEN */
+    {Blend::Difference, Source::Inverse},    /* R2_NOTXORPEN */
+    {Blend::None, Source::Pen},              /* R2_NOP */
+    {Blend::Lighten, Source::Inverse},       /* R2_MERGENOTPEN */
+    {Blend::Normal, Source::Pen},            /* R2_COPYPEN */
+    {Blend::Lighten, Source::Pen, true},     /* R2_MERGEPENNOT */
+    {Blend::Lighten, Source::Pen},           /* R2_MERGEPEN */
+    {Blend::Normal, Source::White},          /* R2_WHITE */
 };
 
 /** Dash patterns in pen widths (wide geometric pens) and in units (thin ones, and cosmetic ones). */
@@ -91,6 +98,12 @@ void setPoints(Path& path, const POINT* points, int32_t count, bool closed) {
   for (int32_t i = 1; i < count; i++) appendPoint(figure, held(points[i].x), held(points[i].y));
 }
 
+/** Whether a pen marks a chain of points: one without any length only shows as the dot of a wide pen's round caps. */
+bool marks(const PenData& pen, const POINT* points, int32_t count) {
+  if (pen.width > 1 && pen.cap == PS_ENDCAP_ROUND) return count > 0;
+  return std::any_of(points, points + count, [&](POINT p) { return p.x != points[0].x || p.y != points[0].y; });
+}
+
 RECT heldBox(const RECT& box) {
   const auto at = [](LONG v) { return static_cast<LONG>(held(v)); };
   return {at(box.left), at(box.top), at(box.right), at(box.bottom)};
@@ -135,7 +148,7 @@ Mixed mixedColor(int rop2, COLORREF color) {
   const uint32_t pen = paintedColor(color);
   switch (row.source) {
     case Source::Inverse:
-      return {row.blend, ~pen & 0xFFFFFF};
+      return {row.blend, ~pen & 0xFFFFFF, row.onInverse};
     case Source::Black:
       return {row.blend, 0};
     case Source::White:
@@ -143,7 +156,7 @@ Mixed mixedColor(int rop2, COLORREF color) {
     case Source::Pen:
       break;
   }
-  return {row.blend, pen};
+  return {row.blend, pen, row.onInverse};
 }
 
 VectorStroke vectorStroke(const PaintState& state) {
@@ -167,6 +180,20 @@ uint32_t hatchLines(int32_t hatch) {
   return hatch >= 0 && hatch < 6 ? kLines[hatch] : 0;
 }
 
+void VectorPainter::layFill(const Path& path, bool winding, Mixed ink) {
+  if (ink.onInverse) fillPath(path, winding, kInversion);
+  fillPath(path, winding, ink);
+}
+
+void VectorPainter::layStroke(const Path& path, const VectorStroke& stroke) {
+  if (stroke.ink.onInverse) {
+    VectorStroke inversion = stroke;
+    inversion.ink = kInversion;
+    strokePath(path, inversion);
+  }
+  strokePath(path, stroke);
+}
+
 void VectorPainter::paint(const PaintState& state, const Path& fillShape, const Path& strokeShape, bool stroke,
                           bool fill) {
   setClip(state.clip);
@@ -177,7 +204,7 @@ void VectorPainter::paint(const PaintState& state, const Path& fillShape, const 
     if (brush.style == BS_HATCHED && hatchLines(brush.hatch)) {
       hatchPath(fillShape, winding, {brush.hatch, ink, state.bkMode == OPAQUE, mixedColor(state.rop2, state.bkColor)});
     } else if (ink.blend != Blend::None) {
-      fillPath(fillShape, winding, ink);
+      layFill(fillShape, winding, ink);
     }
   }
   if (!stroke || isNullPen(*state.pen)) return;
@@ -187,29 +214,55 @@ void VectorPainter::paint(const PaintState& state, const Path& fillShape, const 
     VectorStroke ground = pen;
     ground.ink = mixedColor(state.rop2, state.bkColor);
     ground.dashCount = 0;
-    strokePath(strokeShape, ground);
+    layStroke(strokeShape, ground);
   }
-  strokePath(strokeShape, pen);
+  layStroke(strokeShape, pen);
 }
 
 void VectorPainter::line(const PaintState& state, POINT from, POINT to) {
   const POINT points[] = {from, to};
+  if (isFar(from) || isFar(to)) return farLine(state, from, to);
   polyline(state, points, 2);
 }
 
+/** A line that leaves the coordinates the libraries can hold: its part inside, on the same slope. */
+void VectorPainter::farLine(const PaintState& state, POINT from, POINT to) {
+  const double dx = double(to.x) - from.x, dy = double(to.y) - from.y;
+  double begin = 0, end = 1;
+  const auto cut = [&](double at, double way) {
+    if (way == 0) {
+      if (std::fabs(at) > kFarthest) end = -1;
+      return;
+    }
+    const double a = (-kFarthest - at) / way, b = (kFarthest - at) / way;
+    begin = std::max(begin, std::min(a, b));
+    end = std::min(end, std::max(a, b));
+  };
+  cut(from.x, dx);
+  cut(from.y, dy);
+  if (begin > end) return;
+  scratch_.resize(1);
+  scratch_[0] = {from.x + begin * dx, from.y + begin * dy, {}, false};
+  appendPoint(scratch_[0], from.x + end * dx, from.y + end * dy);
+  paint(state, scratch_, scratch_, true, false);
+}
+
 void VectorPainter::polyline(const PaintState& state, const POINT* points, int32_t count) {
+  if (!marks(*state.pen, points, count)) return;
   setPoints(scratch_, points, count, false);
   paint(state, scratch_, scratch_, true, false);
 }
 
 void VectorPainter::polygon(const PaintState& state, const POINT* points, int32_t count) {
+  if (!marks(*state.pen, points, count)) return;
   setPoints(scratch_, points, count, true);
   paint(state, scratch_, scratch_, true, true);
 }
 
 void VectorPainter::ellipse(const PaintState& state, const RECT& box) {
-  const RECT b = heldBox(box);
-  if (b.right - b.left < 2 && b.bottom - b.top < 2) return;
+  const RECT b = heldBox(strokedBox(*state.pen, box));
+  const LONG width = b.right - b.left, height = b.bottom - b.top;
+  if (width < 1 || height < 1 || (width < 2 && height < 2)) return;
   const Path outline(1, ellipseFigure(b, false));
   /* Without an outline the same area is filled: the box to its very edges. */
   const Path area(1, ellipseFigure({b.left, b.top, b.right + 1, b.bottom + 1}, false));
@@ -217,8 +270,9 @@ void VectorPainter::ellipse(const PaintState& state, const RECT& box) {
 }
 
 void VectorPainter::pie(const PaintState& state, const PieShape& pie) {
+  if (pie.box.left >= pie.box.right || pie.box.top >= pie.box.bottom) return;
   PieShape inside = pie;
-  inside.box = heldBox(pie.box);
+  inside.box = heldBox(strokedBox(*state.pen, pie.box));
   const Path shape(1, pieFigure(inside, false));
   paint(state, shape, shape, true, true);
 }
@@ -268,7 +322,7 @@ void VectorPainter::blit(const PaintState& state, const Blit& blit) {
   if (blit.rop == NOTSRCERASE) {
     const double x[4] = {double(box.left), double(box.right), double(box.right), double(box.left)};
     const double y[4] = {double(box.top), double(box.top), double(box.bottom), double(box.bottom)};
-    fillPath(quad(x, y), false, {Blend::Difference, 0xFFFFFF});
+    fillPath(quad(x, y), false, kInversion);
   }
   image(inverse, box, h.mirrored, v.mirrored, blit.rop == NOTSRCERASE ? Blend::Darken : Blend::Normal);
   std::free(inverse.pixels);

@@ -16,7 +16,8 @@ enum class Blend : uint8_t { None, Normal, Darken, Lighten, Difference };
 
 struct Mixed {
   Blend blend;
-  uint32_t color; /* 0x00RRGGBB */
+  uint32_t color;         /* 0x00RRGGBB */
+  bool onInverse = false; /* what is below is inverted first */
 };
 
 /** A binary raster operation of a colour. */
@@ -67,6 +68,9 @@ class VectorPainter : public FilePainter {
   virtual void image(const Raster& image, const RECT& box, bool mirrorX, bool mirrorY, Blend blend) = 0;
 
  private:
+  void layFill(const Path& path, bool winding, Mixed ink);
+  void farLine(const PaintState& state, POINT from, POINT to);
+  void layStroke(const Path& path, const VectorStroke& stroke);
   void paint(const PaintState& state, const Path& fillShape, const Path& strokeShape, bool stroke, bool fill);
 
   Path scratch_; /* kept from mark to mark, so that a line allocates nothing */
