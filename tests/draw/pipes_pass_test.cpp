@@ -1,6 +1,5 @@
 /** The pipe pass in operation logs: what is drawn, pens, clipping, vertices, hilites, paper, modes, polls. */
 #include <cmath>
-#include <functional>
 
 #include "draw/pipe_pass.h"
 
@@ -126,65 +125,6 @@ TEST_F(PipePass, a_pipe_outside_the_window_costs_no_operation) {
   EXPECT_EQ(model.pxy[1].DRAWN, 1);  // it still brings its nodes and customers
   picture.plot.ClipOn = 0;
   EXPECT_EQ(timesIn(ops({"MoveToEx"}), "MoveToEx"), 5);
-}
-
-/** Plain pipes of all shapes, and one of each kind that is not plain or not to be seen. */
-static void addAllKinds(const std::function<Pdt&(double, double, double, double)>& add) {
-  for (int i = 0; i < 200; i++) {
-    const double x = (i * 37) % 140 - 20, y = (i * 53) % 140 - 20;
-    Pdt& p = add(x, y, x + 9, y + i % 7);
-    const int32_t pipe = p.ID;
-    if (i % 3) addRun(pipe, {{x + 2, y + 3}, {x + 5, y - 30}});
-    model.pdt[pipe].VTX_MODE = static_cast<uint8_t>(i % 5);
-    model.pxy[pipe].LineWidth = static_cast<int16_t>(1 + i % 4);
-    model.pxy[pipe].DRAWN = static_cast<uint8_t>(i % 2);
-  }
-  model.pdt[20].HYD_TYPE = 2;
-  model.pdt[30].FLAG_BYTE = 1;
-  model.pxy[40].HILITE = 1;
-  model.pdt[50].REC_STATUS = -1;
-  model.pxy[60].Display = 0;
-  model.pxy[70].LENGTH = 0;
-  model.pdt[80].FROM_NODE = 0;
-  model.pdt[81].TO_NODE = model.nodeCount + 1;
-  model.pdt[82].TO_NODE = -5;
-  model.pxy[90].LineType = 6;
-  model.pxy[91].LineType = 16;
-  model.pxy[92].FIRST_VTX = -3;
-  model.vtx[model.pxy[65].FIRST_VTX].VTX_HILITE = 1;
-  model.pxy[95].LAST_VTX = INT32_MAX;
-  model.ndt[model.pdt[100].FROM_NODE].X_COORD = std::nan("");
-  model.ndt[model.pdt[101].TO_NODE].Y_COORD = -1e300;
-  model.ndt[model.pdt[102].TO_NODE].X_COORD = HUGE_VAL;
-}
-
-TEST_F(PipePass, plain_pipes_take_the_same_operations_and_marks_by_the_short_way) {
-  addAllKinds([this](double x1, double y1, double x2, double y2) -> Pdt& { return add(x1, y1, x2, y2); });
-  picture.minPixels = 3;  // a pipe of no length is too short to draw
-  picture.view.DevicesOn = picture.view.NodeOn = 1;
-  const auto painted = [this](int32_t mask) {
-    picture.view.PipeLabelMask = mask;  // with labels on, though no pipe has one, all go the long way
-    const std::string log = picture.paint();
-    std::string marks = "drawn";
-    for (int32_t i = 1; i <= model.pipeCount; i++) marks += model.pxy[i].DRAWN ? '1' : '0';
-    for (int32_t i = 1; i <= model.pipeCount; i++) model.pxy[i].DRAWN = static_cast<uint8_t>(i % 2);
-    return log + marks;
-  };
-  for (const int32_t clip : {1, 0}) {
-    for (const double window : {100.0, 30.0, 1e-9}) {
-      for (const int32_t percent : {0, 7, 100}) {
-        picture.plot.ClipOn = clip;
-        picture.plot.PollPercent = percent;
-        picture.plot.GripsOn = picture.plot.GripsShown = percent == 7;
-        picture.x1 = picture.y0 = window;
-        const std::string shortWay = painted(0);
-        EXPECT_EQ(shortWay, painted(1)) << clip << ' ' << window << ' ' << percent;
-        if (window == 100) {
-          EXPECT_GT(timesIn(shortWay, "LineTo"), 100);
-        }
-      }
-    }
-  }
 }
 
 TEST_F(PipePass, a_crossing_pipe_is_cut_at_the_window) {
