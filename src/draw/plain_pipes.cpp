@@ -18,6 +18,9 @@ using Test [[gnu::vector_size(16)]] = int64_t; /* -1 in a lane that passes, else
 bool both(Test t) { return t[0] + t[1] == -2; }
 bool either(Test t) { return t[0] + t[1] != 0; }
 
+Pair placeOf(const Ndt& n) { return Pair{n.X_COORD, n.Y_COORD}; }
+Pair placeOf(const Vtx& v) { return Pair{v.VTX_X, v.VTX_Y}; }
+
 /**
  * The window and the way to the device, by value: the pass writes bytes into records, and a compiler must take every
  * one of them for a change of the state of drawing.
@@ -41,6 +44,16 @@ struct Sight {
     LineTo(dc, static_cast<int32_t>(b[0]), static_cast<int32_t>(b[1]));
     return true;
   }
+  /** The lines from `a` over vertices `first` to `last` to `b`; true when something of them was painted. */
+  bool run(bool clip, Pair a, const Vtx* vtx, int32_t first, int32_t last, Pair b) const {
+    bool painted = false;
+    for (int32_t v = first; v <= last; v++) {
+      const Pair next = placeOf(vtx[v]);
+      painted |= line(clip, a, next);
+      a = next;
+    }
+    return line(clip, a, b) || painted;
+  }
 };
 
 /** The sides of the window beyond which all points so far lie; what is not a number lies beyond none. */
@@ -58,9 +71,6 @@ class Beyond {
   Pair low_, high_;
   Test below_, above_;
 };
-
-Pair placeOf(const Ndt& n) { return Pair{n.X_COORD, n.Y_COORD}; }
-Pair placeOf(const Vtx& v) { return Pair{v.VTX_X, v.VTX_Y}; }
 
 }  // namespace
 
@@ -117,13 +127,7 @@ int32_t PlainPipes::paint(int32_t pipe, int32_t top, CancelPolls& polls, bool* c
       painted = body.paint(false);
     } else {
       style_.pen->lineStyle(screen.LineType, screen.LineWidth, screen.Color);
-      Pair at = a;
-      for (int32_t v = first; v <= last; v++) {
-        const Pair next = placeOf(vtx[v]);
-        painted |= sight.line(clip, at, next);
-        at = next;
-      }
-      painted |= sight.line(clip, at, b);
+      painted = sight.run(clip, a, vtx, first, last, b);
     }
     if (painted && polls.due()) {
       *cancelled = CancelPolls::cancelled();
