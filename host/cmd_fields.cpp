@@ -25,8 +25,8 @@ int runFields(const Args& args) {
     const std::string unit = unitOf(record, f);
     json.open('{').member("number", double(f.number)).member("name", f.name);
     if (f.reads != Reads::Text) json.member("value", value);
-    if (f.reads != Reads::Number) json.member("text", words);
-    if (!unit.empty()) json.member("unit", unit);
+    if (f.reads != Reads::Number) json.member("text", utf8(words));
+    if (!unit.empty()) json.member("unit", utf8(unit));
     json.close('}');
     if (args.has("--json")) continue;
     std::string shown = f.reads == Reads::Text ? "" : shortNumber(value);

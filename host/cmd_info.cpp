@@ -122,9 +122,9 @@ void printJson(const std::string& base, const ModelInfo& info, const Totals& t, 
   json.open('[', "extent");
   for (double v : {e.minX, e.minY, e.maxX, e.maxY}) json.element(v);
   json.close(']');
-  json.open('{', "units").member("length", info.units.length).member("pressure", info.units.pressure);
-  json.member("flow", info.units.flow)
-      .member("diameter", info.units.diameter)
+  json.open('{', "units").member("length", utf8(info.units.length)).member("pressure", utf8(info.units.pressure));
+  json.member("flow", utf8(info.units.flow))
+      .member("diameter", utf8(info.units.diameter))
       .member("geographic", info.units.geographic)
       .close('}');
   std::printf("%s\n", json.close('}').text().c_str());
@@ -137,8 +137,8 @@ struct Shown {
   explicit Shown(const NetUnits& units)
       : length(static_cast<double>(GetUnitFactor(units.length.c_str(), 1, "LUS"))),
         flow(static_cast<double>(GetUnitFactor(units.flow.c_str(), 1, "QUS"))),
-        lengthName(units.length),
-        flowName(units.flow) {
+        lengthName(utf8(units.length)),
+        flowName(utf8(units.flow)) {
     if (!(length > 0)) length = 1, lengthName = "Feet";
     if (!(flow > 0)) flow = 1, flowName = "cfh";
   }
@@ -180,8 +180,8 @@ void printText(const std::string& base, const ModelInfo& info, const Totals& t, 
   const auto place = [&](double v) { return fixedNumber(v, decimals); };
   std::printf("extent: %s, %s to %s, %s%s\n", place(e.minX).c_str(), place(e.minY).c_str(), place(e.maxX).c_str(),
               place(e.maxY).c_str(), info.units.geographic ? " degrees" : "");
-  std::printf("units: length %s, pressure %s, flow %s, diameter %s\n", info.units.length.c_str(),
-              info.units.pressure.c_str(), info.units.flow.c_str(), info.units.diameter.c_str());
+  std::printf("units: length %s, pressure %s, flow %s, diameter %s\n", utf8(info.units.length).c_str(),
+              utf8(info.units.pressure).c_str(), utf8(info.units.flow).c_str(), utf8(info.units.diameter).c_str());
 }
 
 int run(const Args& args) {

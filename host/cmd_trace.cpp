@@ -140,7 +140,7 @@ void printJson(const Findings& found) {
   json.member("control_devices", double(found.controls)).member("turned_off", double(found.off)).open('[', "pipes");
   for (const int32_t p : found.pipes) json.element(p);
   json.close(']').open('[', "devices");
-  for (const std::string& line : found.devices) json.open('{').member("line", line).close('}');
+  for (const std::string& line : found.devices) json.open('{').member("line", utf8(line)).close('}');
   std::printf("%s\n", json.close(']').close('}').text().c_str());
 }
 

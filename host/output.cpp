@@ -20,7 +20,7 @@ constexpr std::array<uint16_t, 32> kHigh = {0x20AC, 0,      0x201A, 0x0192, 0x20
 
 std::string quotedJson(const std::string& text) {
   std::string out = "\"";
-  for (const char c : utf8(text)) {
+  for (const char c : text) {
     if (c == '"' || c == '\\') {
       out += '\\';
       out += c;

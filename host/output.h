@@ -14,7 +14,7 @@ std::string shortNumber(double value);
 /** A number with this many decimals. */
 std::string fixedNumber(double value, int decimals);
 
-/** A JSON text, grown member by member; texts of code page 1252 become UTF-8. */
+/** A JSON text, grown member by member; its texts are UTF-8, those of records come through utf8(). */
 class Json {
  public:
   Json& open(char bracket, const std::string& key = "");
@@ -32,7 +32,7 @@ class Json {
   bool first_ = true;
 };
 
-/** Text of code page 1252 as UTF-8, for the terminal and for JSON. */
+/** Text of a record, in code page 1252, as UTF-8: for the terminal and for JSON. */
 std::string utf8(const std::string& text1252);
 /** UTF-8 as code page 1252; what it does not have becomes '?'. */
 std::string ansi(const std::string& textUtf8);

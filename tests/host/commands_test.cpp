@@ -213,6 +213,24 @@ TEST_F(Info, speaks_in_the_units_of_the_model) {
   EXPECT_TRUE(contains(out, "extent: 0.00, 0.00 to 1500.00, 0.00\n")) << out;
 }
 
+TEST(Json, is_utf_8_whatever_a_text_comes_from) {
+  const TempDir dir;
+  const std::string town =
+      "St\xC3\xA4"
+      "dte";  // code page 1252 has an E4 there
+  EXPECT_EQ(shell("mkdir " + town, dir.path("")).code, 0);
+  dir.write(town + "/nodes.csv", "id,x,y\n\xC3\x84,0,0\nB,100,0\n");
+  dir.write(town + "/links.csv", "id,from,to,diameter\n1,\xC3\x84,B,150\n");
+  EXPECT_EQ(run({"import", dir.path(town), dir.path(town + "/n")}).code, 0);
+  const std::string base = dir.path(town + "/n");
+  const std::string info = run({"info", base, "--json"}).out;
+  EXPECT_TRUE(contains(info, "\"model\":\"" + base + "\"")) << info;
+  EXPECT_TRUE(contains(info, "\"title\":\"" + town + "\"")) << info;
+  EXPECT_TRUE(contains(run({"find", base, "--node", "B", "--json"}).out, "\"name\":\"B\""));
+  EXPECT_TRUE(contains(run({"find", base, "--node", "\xC3\x84", "--json"}).out, "\"name\":\"\xC3\x84\""));
+  EXPECT_TRUE(contains(run({"fields", base, "node", "1", "--json"}).out, "\"text\":\"\xC3\x84\""));
+}
+
 TEST_F(Info, causes_are_those_of_the_file) {
   const TempDir copy;
   EXPECT_EQ(shell("cp " + dir->path("t") + "/* .", copy.path("")).code, 0);
