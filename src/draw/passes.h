@@ -24,7 +24,8 @@ int32_t DrawCusts(int32_t first, int32_t last, int16_t clearHilite, int16_t* rec
 
 /**
  * What turns the size of a symbol on the screen into its size on the sheet: a print size in thousandths of an inch or,
- * metric, of a millimetre over the default size in world units. 1 on the screen and where the default size is 0.
+ * metric, of a millimetre over the default size in world units, or 1 where that is 0; times the scale of a reduced
+ * raster. 1 on the screen.
  */
 float SymbolPrintFactor(int32_t dpi, int32_t printSize, float defaultSize);
 

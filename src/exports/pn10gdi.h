@@ -412,7 +412,7 @@ typedef struct ViewOpts {
   int32_t NodeColor;            /* of nodes with a negative COLOR */
   int32_t NodeSpecialColor;     /* the same for node types 1 and 2 */
   int32_t NodeSymbol;           /* of nodes with SYMBOL 0; negative: hollow */
-  float NodeFontSize;           /* screen: points, or display units with the font mode 1 of PlotOpts; 0 no labels */
+  float NodeFontSize;           /* screen: points; font mode 1 of PlotOpts: display units times 1.4; 0 no labels */
   int32_t NodeFontBold;         /* flag, screen */
   int32_t NodeTextColor;        /* colour */
   int32_t NodeLabelAngle;       /* compass direction of labels, tenths of a degree */
