@@ -142,6 +142,31 @@ TEST_F(Log, quotes_text_byte_by_byte) {
             "DrawTextA \"two words\" 1 2 30 40 2064\n");
 }
 
+TEST_F(Log, names_contexts_that_are_made_and_deleted) {
+  TempDir dir;
+  ASSERT_EQ(PnAddPrinter("Plot", dir.path("plot.svg").c_str(), 4, 3, 100, 0, 0), 1);
+  EXPECT_EQ(recorded([&] {
+              DeleteDC(CreateCompatibleDC(dc));
+              DeleteDC(CreateDCA("WINSPOOL", "Plot", nullptr, nullptr));
+              EXPECT_EQ(CreateDCA("WINSPOOL", "other", nullptr, nullptr), nullptr);
+              EXPECT_EQ(DeleteDC(nullptr), 0);
+            }),
+            "CreateCompatibleDC memdc\nDeleteDC memdc\nCreateDCA \"WINSPOOL\" \"Plot\"\nDeleteDC\n");
+}
+
+TEST_F(Log, writes_transfers_and_escapes) {
+  HDC memory = CreateCompatibleDC(dc);
+  POINT size{};
+  EXPECT_EQ(recorded([&] {
+              BitBlt(dc, 1, 2, 3, 4, memory, 5, 6, SRCAND);
+              StretchBlt(dc, 1, -2, 3, 4, memory, 5, 6, 7, 8, SRCCOPY);
+              Escape(dc, GETPHYSPAGESIZE, 0, nullptr, &size);
+              Escape(dc, GETPRINTINGOFFSET, 0, nullptr, &size);
+            }),
+            "BitBlt 1 2 3 4 5 6 0x8800C6\nStretchBlt 1 -2 3 4 5 6 7 8 0xCC0020\nEscape 12\nEscape 13\n");
+  DeleteDC(memory);
+}
+
 TEST_F(Log, leaves_out_pure_questions) {
   SIZE size;
   TEXTMETRICA metrics;

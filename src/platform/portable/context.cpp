@@ -126,7 +126,11 @@ int32_t PnDeleteDC(HDC dc) {
   return deleteContext(context);
 }
 
-BOOL DeleteDC(HDC dc) { return PnDeleteDC(dc); }
+BOOL DeleteDC(HDC dc) {
+  const Context* context = contextOf(dc);
+  if (context && context->device != Device::Memory) logOp("DeleteDC");
+  return PnDeleteDC(dc);
+}
 
 HDC PnCreateRecordDC(int32_t width, int32_t height, int32_t dpi) {
   if (width < 1 || height < 1 || dpi < 1) return nullptr;
