@@ -31,6 +31,11 @@ struct Smooth : testing::Test {
     MoveToEx(dc, x0, y0, nullptr);
     LineTo(dc, x1, y1);
   }
+  int marked(int32_t color) const {
+    int count = 0;
+    for (int at = 0; at < 120 * 120; at++) count += PnGetPixel(dc, at % 120, at / 120) == color;
+    return count;
+  }
   /** The box of all that is not white, as "left top right bottom", inclusive; empty without any. */
   std::string inked() const {
     int box[4] = {INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN};
@@ -130,6 +135,33 @@ TEST_F(Smooth, a_line_of_any_length_keeps_its_slope) {
   line(INT32_MIN, INT32_MAX, INT32_MAX, INT32_MAX);
   line(INT32_MAX, INT32_MAX, INT32_MAX, INT32_MAX);
   EXPECT_EQ(inked(), before);
+}
+
+TEST_F(Smooth, a_polygon_of_any_size_keeps_its_sides) {
+  const POINT wedge[] = {{0, 0}, {2000000000, 1000000000}, {2000000000, 2000000000}};
+  use(CreateSolidBrush(0x0000FF));
+  use(CreatePen(PS_SOLID, 3, 0xFF0000));
+  Polygon(dc, wedge, 3);
+  EXPECT_EQ(PnGetPixel(dc, 100, 75), 0x0000FF);
+  EXPECT_EQ(PnGetPixel(dc, 100, 50), 0xFF0000) << "the side that goes down by halves";
+  EXPECT_EQ(PnGetPixel(dc, 100, 100), 0xFF0000) << "the diagonal, which comes back";
+  EXPECT_EQ(PnGetPixel(dc, 100, 40), kWhite);
+  EXPECT_EQ(PnGetPixel(dc, 100, 110), kWhite);
+  const POINT all[] = {{INT32_MIN, INT32_MIN}, {INT32_MAX, INT32_MIN}, {INT32_MAX, INT32_MAX}, {INT32_MIN, INT32_MAX}};
+  Polygon(dc, all, 4);
+  EXPECT_EQ(marked(0x0000FF), 120 * 120) << "all ground, and its outline nowhere near";
+  const POINT beside[] = {{INT32_MAX, 0}, {INT32_MAX - 9, 0}, {INT32_MAX, 50}};
+  use(CreateSolidBrush(0x00FF00));
+  Polygon(dc, beside, 3);
+  EXPECT_EQ(marked(0x0000FF), 120 * 120);
+}
+
+TEST_F(Smooth, a_chain_of_any_size_comes_back_on_its_slope) {
+  const POINT chain[] = {{0, 20}, {2000000000, 20}, {2000000000, 1000000060}, {0, 60}};
+  Polyline(dc, chain, 4);
+  EXPECT_NE(PnGetPixel(dc, 100, 20), kWhite);
+  EXPECT_NE(PnGetPixel(dc, 100, 110), kWhite);
+  EXPECT_EQ(PnGetPixel(dc, 100, 60), kWhite);
 }
 
 TEST_F(Smooth, marks_of_an_svg_page_blend_with_what_was_painted_before_the_clip) {

@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "platform/portable/arcs.h"
+#include "platform/portable/far_points.h"
 #include "platform/portable/glyphs.h"
 
 namespace pn10::portable {
@@ -13,9 +14,6 @@ namespace pn10::portable {
 namespace {
 
 constexpr Mixed kInversion{Blend::Difference, 0xFFFFFF};
-constexpr double kFarthest = 4000000; /* beyond it the libraries' own coordinates run over */
-
-bool isFar(POINT p) { return std::fabs(double(p.x)) > kFarthest || std::fabs(double(p.y)) > kFarthest; }
 
 double held(double value) { return std::clamp(value, -kFarthest, kFarthest); }
 
@@ -91,11 +89,11 @@ void appendPoint(PathFigure& figure, double x, double y) {
 void setPoints(Path& path, const POINT* points, int32_t count, bool closed) {
   path.resize(1);
   PathFigure& figure = path[0];
-  figure.startX = held(points[0].x);
-  figure.startY = held(points[0].y);
+  figure.startX = points[0].x;
+  figure.startY = points[0].y;
   figure.closed = closed;
   figure.pieces.clear();
-  for (int32_t i = 1; i < count; i++) appendPoint(figure, held(points[i].x), held(points[i].y));
+  for (int32_t i = 1; i < count; i++) appendPoint(figure, points[i].x, points[i].y);
 }
 
 /** Whether a pen marks a chain of points: one without any length only shows as the dot of a wide pen's round caps. */
@@ -221,40 +219,24 @@ void VectorPainter::paint(const PaintState& state, const Path& fillShape, const 
 
 void VectorPainter::line(const PaintState& state, POINT from, POINT to) {
   const POINT points[] = {from, to};
-  if (isFar(from) || isFar(to)) return farLine(state, from, to);
   polyline(state, points, 2);
-}
-
-/** A line that leaves the coordinates the libraries can hold: its part inside, on the same slope. */
-void VectorPainter::farLine(const PaintState& state, POINT from, POINT to) {
-  const double dx = double(to.x) - from.x, dy = double(to.y) - from.y;
-  double begin = 0, end = 1;
-  const auto cut = [&](double at, double way) {
-    if (way == 0) {
-      if (std::fabs(at) > kFarthest) end = -1;
-      return;
-    }
-    const double a = (-kFarthest - at) / way, b = (kFarthest - at) / way;
-    begin = std::max(begin, std::min(a, b));
-    end = std::min(end, std::max(a, b));
-  };
-  cut(from.x, dx);
-  cut(from.y, dy);
-  if (begin > end) return;
-  scratch_.resize(1);
-  scratch_[0] = {from.x + begin * dx, from.y + begin * dy, {}, false};
-  appendPoint(scratch_[0], from.x + end * dx, from.y + end * dy);
-  paint(state, scratch_, scratch_, true, false);
 }
 
 void VectorPainter::polyline(const PaintState& state, const POINT* points, int32_t count) {
   if (!marks(*state.pen, points, count)) return;
-  setPoints(scratch_, points, count, false);
+  if (anyFar(points, count)) {
+    scratch_ = sidesInside(points, count, false);
+  } else {
+    setPoints(scratch_, points, count, false);
+  }
   paint(state, scratch_, scratch_, true, false);
 }
 
 void VectorPainter::polygon(const PaintState& state, const POINT* points, int32_t count) {
   if (!marks(*state.pen, points, count)) return;
+  if (anyFar(points, count)) {
+    return paint(state, areaInside(points, count), sidesInside(points, count, true), true, true);
+  }
   setPoints(scratch_, points, count, true);
   paint(state, scratch_, scratch_, true, true);
 }

@@ -69,7 +69,6 @@ class VectorPainter : public FilePainter {
 
  private:
   void layFill(const Path& path, bool winding, Mixed ink);
-  void farLine(const PaintState& state, POINT from, POINT to);
   void layStroke(const Path& path, const VectorStroke& stroke);
   void paint(const PaintState& state, const Path& fillShape, const Path& strokeShape, bool stroke, bool fill);
 
