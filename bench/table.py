@@ -18,7 +18,7 @@ def references():
     rows = {}
     with open(path, encoding="utf-8") as file:
         for row in csv.reader(line for line in file if line.strip() and not line.startswith("#")):
-            rows.setdefault(row[0], []).append((row[1], row[2]))
+            rows.setdefault(row[0], []).append((row[1], row[2], int(row[3]) if len(row) > 3 else 0))
     return rows
 
 
@@ -69,12 +69,14 @@ def main():
         rows = csv.writer(file)
         rows.writerow(["program", "benchmark", "size", "seconds", "reference", "ratio", "limit"])
         for (program, name, size), value in found.items():
-            for reference, limit in limits.get(name, [("", "")]):
+            for reference, limit, least in limits.get(name, [("", "", 0)]):
                 base, shown = reference_time(found, program, name, size, reference)
                 if not base and reference == "per record":
                     continue
                 ratio = f"{value / base:.2f}" if base else ""
-                print(f"{name + '/' + size if size else name:44}{seconds(value):>12}{shown if base else '':>34}{ratio:>8}{limit if base else '':>8}")
+                if not base or (least and records(size) < least):
+                    limit = ""
+                print(f"{name + '/' + size if size else name:44}{seconds(value):>12}{shown if base else '':>34}{ratio:>8}{limit:>8}")
                 rows.writerow([program, name, size, value, shown, ratio, limit])
     print(f"written to {out}")
 
