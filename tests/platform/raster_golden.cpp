@@ -1,25 +1,12 @@
 /** The raster painter against the measured pixel sets; they lie outside the tree, so each test skips without them. */
 #include <gtest/gtest.h>
 
+#include "platform/measured.h"
 #include "platform/raster_paper.h"
 #include "support/support.h"
 
 namespace pn10::test {
 namespace {
-
-/** The lines of a measured file; empty when the folder is absent. */
-std::vector<std::string> measured(const std::string& name) {
-  std::vector<std::string> lines;
-  const std::string path = sharedFile("gdi/" + name);
-  if (path.empty()) return lines;
-  std::istringstream in(readFile(path));
-  for (std::string line; std::getline(in, line);) lines.push_back(line);
-  return lines;
-}
-
-#define MEASURED_OR_SKIP(name)       \
-  const auto lines = measured(name); \
-  if (lines.empty()) GTEST_SKIP() << "the measured pixel sets are not here: " << name
 
 /** The lines of the random figures that begin with a letter: the numbers, and the pixels. */
 struct Figure {

@@ -4,24 +4,12 @@
 #include <cstring>
 #include <map>
 
+#include "platform/measured.h"
 #include "platform/raster_paper.h"
 #include "support/support.h"
 
 namespace pn10::test {
 namespace {
-
-std::vector<std::string> linesOf(const std::string& name) {
-  std::vector<std::string> lines;
-  const std::string path = sharedFile("gdi/" + name);
-  if (path.empty()) return lines;
-  std::istringstream in(readFile(path));
-  for (std::string line; std::getline(in, line);) lines.push_back(line);
-  return lines;
-}
-
-#define TABLE_OR_SKIP(name)         \
-  const auto lines = linesOf(name); \
-  if (lines.empty()) GTEST_SKIP() << "the measured tables are not here: " << name
 
 struct Box {
   int left = 0, right = -1, top = 0, bottom = -1;
@@ -60,7 +48,7 @@ void choosePen(Paper& paper, const std::string& name, int width) {
 
 /** Rows "w=2 Ext GEOM FLAT: H box | V box | D box | Z box": level, upright, diagonal and no length at all. */
 TEST(MeasuredPens, of_each_width_and_cap_reach_as_far) {
-  TABLE_OR_SKIP("f02_pens.txt");
+  MEASURED_OR_SKIP("f02_pens.txt");
   int seen = 0;
   for (const std::string& line : lines) {
     int width, used = 0;
@@ -120,7 +108,7 @@ const std::map<std::string, DWORD> kStyles = {
     {"DASH", PS_DASH}, {"DOT", PS_DOT}, {"DASHDOT", PS_DASHDOT}, {"DASHDOTDOT", PS_DASHDOTDOT}};
 
 TEST(MeasuredDashes, of_the_predefined_styles_have_each_length) {
-  TABLE_OR_SKIP("f03_dashes.txt");
+  MEASURED_OR_SKIP("f03_dashes.txt");
   int seen = 0;
   for (const std::string& line : lines) {
     char style[32], cap[16];
@@ -138,7 +126,7 @@ TEST(MeasuredDashes, of_the_predefined_styles_have_each_length) {
 }
 
 TEST(MeasuredDashes, of_the_user_styles_have_each_length) {
-  TABLE_OR_SKIP("f03_dashes.txt");
+  MEASURED_OR_SKIP("f03_dashes.txt");
   const std::map<int, std::vector<int>> catalogue = {{7, {2, 2, 0, 2, 0, 2, 0, 2}},
                                                      {16, {4, 2}},
                                                      {17, {4, 2, 0, 2}},
@@ -199,7 +187,7 @@ bool penOf(const std::string& name, Paper& paper, bool* thin) {
 }
 
 TEST(MeasuredShapes, polygons_have_their_outline_and_fill) {
-  TABLE_OR_SKIP("f04_shapes.txt");
+  MEASURED_OR_SKIP("f04_shapes.txt");
   const std::vector<POINT> star{{12, 2}, {18, 20}, {3, 9}, {21, 9}, {6, 20}};
   const std::map<std::string, std::vector<POINT>> shapes = {{"rectangle", {{3, 3}, {13, 3}, {13, 9}, {3, 9}}},
                                                             {"triangle", {{3, 3}, {15, 6}, {6, 12}}},
@@ -229,7 +217,7 @@ TEST(MeasuredShapes, polygons_have_their_outline_and_fill) {
 }
 
 TEST(MeasuredShapes, ellipses_have_their_outline_and_fill) {
-  TABLE_OR_SKIP("f04_shapes.txt");
+  MEASURED_OR_SKIP("f04_shapes.txt");
   int seen = 0;
   for (const Picture& picture : pictures(lines)) {
     int l, t, r, b;
@@ -254,7 +242,7 @@ TEST(MeasuredShapes, ellipses_have_their_outline_and_fill) {
 }
 
 TEST(MeasuredShapes, pies_lie_within_two_pixels) {
-  TABLE_OR_SKIP("f04_shapes.txt");
+  MEASURED_OR_SKIP("f04_shapes.txt");
   int seen = 0;
   for (const Picture& picture : pictures(lines)) {
     const std::string& name = picture.name;
