@@ -66,6 +66,21 @@ TEST_F(NodePass, symbols_under_five_dots_are_left_out_on_screen) {
   EXPECT_EQ(shapes(), "Ellipse 497 497 502 502\n");
 }
 
+TEST_F(NodePass, far_out_only_a_size_or_a_flag_of_its_own_shows_a_node_and_all_are_done_with) {
+  picture.view.NodeSize = 3;  // three dots; half as large again, as valves are, is still under five
+  for (int i = 1; i <= 5; i++) add(10 * i + 0.03, 50.03);
+  model.ndt[1].HYD_TYPE = 1;
+  model.ndt[2].SYM_SIZE = 1;
+  model.ndt[4].FLAG_TYPE = 3;  // off
+  model.ndt[5].SYM_SIZE = 0.2f;
+  EXPECT_EQ(shapes(), "Ellipse 195 494 205 504\nEllipse 398 498 401 501\n");
+  for (int n = 1; n <= 5; n++) EXPECT_EQ(model.nxy[n].Drawn, 0) << n;
+  model.ndt[4].FLAG_TYPE = 0;
+  model.ndt[2].SYM_SIZE = 0;
+  EXPECT_EQ(shapes(), "");
+  for (int n = 1; n <= 5; n++) EXPECT_EQ(model.nxy[n].Drawn, 0) << n;
+}
+
 TEST_F(NodePass, paper_paints_every_size_times_the_print_factor) {
   picture.devMode = 1;
   add(50.03, 50.03).SYM_SIZE = 0.25f;
