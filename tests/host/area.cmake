@@ -3,14 +3,9 @@ target_sources(test_host PRIVATE ${PROJECT_SOURCE_DIR}/host/import_index.cpp)
 target_include_directories(test_host PRIVATE ${PROJECT_SOURCE_DIR}/host)
 target_compile_definitions(test_host PRIVATE PN10_PROGRAM="$<TARGET_FILE:pn10>")
 add_dependencies(test_host pn10)
-set(sanitized OFF)
-if(PN10_SANITIZE) # a list with a comma, which a generator expression would take apart
-  set(sanitized ON)
-endif()
 add_library(no_pages SHARED host/no_pages.c)
 target_include_directories(no_pages PRIVATE ${PROJECT_SOURCE_DIR}/src/exports)
-target_compile_definitions(test_host PRIVATE PN10_NO_PAGES="$<TARGET_FILE:no_pages>"
-  PN10_SANITIZED=$<BOOL:${sanitized}>)
+target_compile_definitions(test_host PRIVATE PN10_NO_PAGES="$<TARGET_FILE:no_pages>")
 add_dependencies(test_host no_pages)
 # A plain program can't load a library that was built with a sanitizer.
 if(NOT PN10_SANITIZE)

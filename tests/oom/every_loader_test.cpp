@@ -38,14 +38,6 @@ struct EveryAllocation : testing::Test {
   }
   ~EveryAllocation() override { failAllocation(0); }
 
-  static void freeAll() {
-    FreeModel();
-    FreeFdt();
-    FreePLut();
-    FreeLut();
-    FreeFac();
-    FreeHQDll();
-  }
   /** Accesses that a host may make after a failure; what they answer is not the point. */
   static void useAll() {
     char text[300];

@@ -229,22 +229,12 @@ TEST(Dashes, of_dots_with_round_caps_are_dots_two_widths_apart) {
 }
 
 TEST(Dashes, of_a_user_style_are_pixels_and_grow_by_round_caps) {
-  struct {
-    int style;
-    std::vector<int> lengths; /* multiples of w, but for the literal 1, which stands as 0 */
-  } catalogue[] = {{7, {2, 2, 0, 2, 0, 2, 0, 2}},
-                   {16, {4, 2}},
-                   {17, {4, 2, 0, 2}},
-                   {18, {4, 2, 0, 2, 0, 2}},
-                   {19, {4, 2, 0, 2, 0, 2, 0, 2}},
-                   {20, {4, 2, 0, 2, 2, 2, 0, 2}},
-                   {22, {2, 2, 2, 2, 0, 2}}};
-  for (const auto& c : catalogue) {
+  for (const auto& [style, lengths] : userDashes()) {
     for (int w : {1, 2, 3, 5}) {
       std::vector<DWORD> entries;
       std::vector<int> round, flat;
-      for (size_t i = 0; i < c.lengths.size(); i++) {
-        const int n = c.lengths[i] ? c.lengths[i] * w : 1, grown = i % 2 ? n - w : n + w;
+      for (size_t i = 0; i < lengths.size(); i++) {
+        const int n = lengths[i] ? lengths[i] * w : 1, grown = i % 2 ? n - w : n + w;
         entries.push_back(static_cast<DWORD>(n));
         flat.push_back(n);
         round.push_back(w == 1 ? n : grown);
@@ -252,10 +242,10 @@ TEST(Dashes, of_a_user_style_are_pixels_and_grow_by_round_caps) {
       Paper a(400, 30), b(400, 30);
       EXPECT_EQ(runs(a.geometric(w, PS_USERSTYLE, PS_ENDCAP_ROUND, entries).line(20, 12, 390, 12).marks(), 12),
                 pattern(20 - (w > 1 ? w / 2 : 0), round))
-          << c.style << " " << w;
+          << style << " " << w;
       EXPECT_EQ(runs(b.geometric(w, PS_USERSTYLE, PS_ENDCAP_FLAT, entries).line(20, 12, 390, 12).marks(), 12),
                 pattern(20, flat))
-          << c.style << " " << w;
+          << style << " " << w;
     }
   }
 }

@@ -127,20 +127,13 @@ TEST(MeasuredDashes, of_the_predefined_styles_have_each_length) {
 
 TEST(MeasuredDashes, of_the_user_styles_have_each_length) {
   MEASURED_OR_SKIP("f03_dashes.txt");
-  const std::map<int, std::vector<int>> catalogue = {{7, {2, 2, 0, 2, 0, 2, 0, 2}},
-                                                     {16, {4, 2}},
-                                                     {17, {4, 2, 0, 2}},
-                                                     {18, {4, 2, 0, 2, 0, 2}},
-                                                     {19, {4, 2, 0, 2, 0, 2, 0, 2}},
-                                                     {20, {4, 2, 0, 2, 2, 2, 0, 2}},
-                                                     {22, {2, 2, 2, 2, 0, 2}}};
   int seen = 0;
   for (const std::string& line : lines) {
     char cap[16];
     int style, width, used = 0;
     if (std::sscanf(line.c_str(), "style %d w=%d %15[A-Z] : %n", &style, &width, cap, &used) != 3 || !used) continue;
     std::vector<DWORD> lengths; /* in widths; 0 stands for the single pixel */
-    for (const int n : catalogue.at(style)) lengths.push_back(n ? static_cast<DWORD>(n * width) : 1);
+    for (const int n : userDashes().at(style)) lengths.push_back(n ? static_cast<DWORD>(n * width) : 1);
     Paper paper(400, 30);
     paper.geometric(width, PS_USERSTYLE, std::strcmp(cap, "ROUND") ? PS_ENDCAP_FLAT : PS_ENDCAP_ROUND, lengths);
     expectRuns(paper.line(20, 12, 340, 12).marks(), line, used);

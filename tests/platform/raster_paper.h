@@ -3,6 +3,7 @@
 #define PN10_TESTS_RASTER_PAPER_H
 
 #include <cmath>
+#include <map>
 #include <memory>
 #include <set>
 #include <sstream>
@@ -16,6 +17,18 @@ namespace pn10::test {
 
 using namespace pn10::portable;
 using Pixels = std::set<std::pair<int, int>>; /* row, column */
+
+/** The user dashes of the line styles in pen widths; 0 stands for the literal single pixel. */
+inline const std::map<int, std::vector<int>>& userDashes() {
+  static const std::map<int, std::vector<int>> dashes = {{7, {2, 2, 0, 2, 0, 2, 0, 2}},
+                                                         {16, {4, 2}},
+                                                         {17, {4, 2, 0, 2}},
+                                                         {18, {4, 2, 0, 2, 0, 2}},
+                                                         {19, {4, 2, 0, 2, 0, 2, 0, 2}},
+                                                         {20, {4, 2, 0, 2, 2, 2, 0, 2}},
+                                                         {22, {2, 2, 2, 2, 0, 2}}};
+  return dashes;
+}
 
 /** White paper; pens and brushes paint black unless told. */
 class Paper {

@@ -41,6 +41,13 @@ void TempDir::write(std::string_view name, std::string_view bytes) const {
   ASSERT_TRUE(out.good());
 }
 
+bool TempDir::writeHole(std::string_view name, uint64_t bytes) const {
+  std::error_code failed;
+  write(name, "");
+  std::filesystem::resize_file(path(name), bytes, failed);
+  return !failed;
+}
+
 std::string TempDir::read(std::string_view name) const { return readFile(path(name)); }
 bool TempDir::exists(std::string_view name) const { return std::filesystem::exists(path(name)); }
 
@@ -49,13 +56,17 @@ Fresh::Fresh() {
   PnSetMessageBox(catchMessage);
 }
 
-Fresh::~Fresh() {
+void freeAll() {
   FreeModel();
   FreeFdt();
   FreePLut();
   FreeLut();
   FreeFac();
   FreeHQDll();
+}
+
+Fresh::~Fresh() {
+  freeAll();
   facNumbersChanged();
   lookups = Lookups{};
   facilities = Facilities{};

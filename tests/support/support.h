@@ -67,12 +67,17 @@ class TempDir {
   std::string path(std::string_view name) const { return dir_ + "/" + std::string(name); }
   std::string base() const { return path("model"); }
   void write(std::string_view name, std::string_view bytes) const;
+  /** A file that is one hole; false where the file system takes none of this size. */
+  bool writeHole(std::string_view name, uint64_t bytes) const;
   std::string read(std::string_view name) const;
   bool exists(std::string_view name) const;
 
  private:
   std::string dir_;
 };
+
+/** Every free call of the library, as a host that ends makes them. */
+void freeAll();
 
 /** Puts the whole process-wide state back to what it is at library load, and catches message boxes. */
 class Fresh {
